@@ -1,0 +1,49 @@
+# make run    install what is missing, build, start the program on the simulated instrument
+# make test   install, build with AddressSanitizer and UBSan, run every test
+# make bench  build optimised and run the benchmarks
+JOBS   ?= $(shell nproc)
+CMAKE  ?= cmake
+GEN    := -G Ninja
+
+.PHONY: all run test bench deps clean fuzz
+
+all: build/build.ninja
+	$(CMAKE) --build build -j $(JOBS)
+
+deps:
+	@scripts/install-deps
+
+build/build.ninja: | deps
+	$(CMAKE) -S . -B build $(GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTREL_TESTS=OFF
+
+run: build/build.ninja
+	$(CMAKE) --build build -j $(JOBS)
+	@if [ -x build/app/vantrel ]; then \
+	  cd build/app && ./vantrel; \
+	else \
+	  cd build/app && ./vantrel-cli; \
+	fi
+
+build-test/build.ninja: | deps
+	$(CMAKE) -S . -B build-test $(GEN) -DCMAKE_BUILD_TYPE=Debug -DVANTREL_SANITIZE=ON -DVANTREL_TESTS=ON
+
+test: build-test/build.ninja
+	$(CMAKE) --build build-test -j $(JOBS)
+	cd build-test && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+build-bench/build.ninja: | deps
+	$(CMAKE) -S . -B build-bench $(GEN) -DCMAKE_BUILD_TYPE=Release -DVANTREL_TESTS=OFF -DVANTREL_BENCH=ON
+
+bench: build-bench/build.ninja
+	$(CMAKE) --build build-bench -j $(JOBS)
+	build-bench/bench/vantrel_bench
+
+fuzz: | deps
+	CC=clang CXX=clang++ $(CMAKE) -S . -B build-fuzz $(GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DVANTREL_TESTS=OFF -DVANTREL_GUI=OFF -DVANTREL_FUZZ=ON
+	$(CMAKE) --build build-fuzz -j $(JOBS)
+
+clean:
+	rm -rf build build-test build-bench build-fuzz

@@ -1,0 +1,14 @@
+// The verbs of vantrel-cli. Each takes the command line after the verb has been found and
+// returns the process exit status.
+#pragma once
+
+struct CliVerb {
+    const char* name;
+    int (*Run)(int argc, char** argv);
+    const char* usage; // one line: arguments and what the verb does
+};
+
+// The table, ended by an entry with a null name.
+extern const CliVerb gCliVerbs[];
+
+void PrintCliUsage();

@@ -1,0 +1,33 @@
+// The headless host: answers boxes and dialogs from a script, records every box.
+#pragma once
+#include "platform/host.h"
+
+#include <string>
+#include <vector>
+
+struct HeadlessBox {
+    std::string caption;
+    std::string text;
+    unsigned flags = 0;
+    int answer = 0;
+};
+
+const HostTable& HeadlessHostTable();
+
+// Queues answers for the next boxes, first in first out. A box with no queued answer gets its
+// default button (MB_DEFBUTTONn, else the first button of its kind).
+void HeadlessScriptAnswer(int id);
+// Queues the result of the next setup or file dialog (1 OK, 0 Cancel); with none queued a
+// setup dialog returns 1 and a file dialog 0. A file dialog takes its path from the queue.
+void HeadlessScriptDialog(int result, const std::string& path = std::string());
+// Everything recorded since the last reset.
+std::vector<HeadlessBox> HeadlessBoxes();
+std::vector<unsigned> HeadlessBeeps();
+std::vector<std::string> HeadlessSounds();
+std::string HeadlessStatusText(int pane);
+// Forgets the script and the records.
+void HeadlessReset();
+// When on, boxes, progress and status lines are printed to standard output (vantrel-cli).
+void HeadlessSetEcho(bool on);
+// The default answer of a box with these flags.
+int DefaultButton(unsigned flags);

@@ -1,0 +1,134 @@
+#include "common/test_support.h"
+#include "platform/headless_host.h"
+#include "support/debug_check.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+std::mutex gCaptureLock;
+int gCaptureDepth = 0;
+std::vector<std::string> gCaptured;
+
+void TestAssertHandler(const char* expression, const char* file, unsigned line) {
+    {
+        std::lock_guard<std::mutex> hold(gCaptureLock);
+        if (gCaptureDepth > 0) {
+            gCaptured.push_back(expression);
+            return;
+        }
+    }
+    ADD_FAILURE_AT(file, static_cast<int>(line)) << "check failed: " << expression;
+}
+
+} // namespace
+
+AssertCapture::AssertCapture() {
+    std::lock_guard<std::mutex> hold(gCaptureLock);
+    if (gCaptureDepth++ == 0) gCaptured.clear();
+}
+
+AssertCapture::~AssertCapture() {
+    std::lock_guard<std::mutex> hold(gCaptureLock);
+    --gCaptureDepth;
+}
+
+int AssertCapture::Count() const {
+    std::lock_guard<std::mutex> hold(gCaptureLock);
+    return static_cast<int>(gCaptured.size());
+}
+
+std::vector<std::string> AssertCapture::Messages() const {
+    std::lock_guard<std::mutex> hold(gCaptureLock);
+    return gCaptured;
+}
+
+ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir,
+                         const std::string& input) {
+    ProcessResult result;
+    TempDir scratch;
+    std::string outPath = scratch.File("out"), errPath = scratch.File("err"),
+                inPath = scratch.File("in");
+    WriteWholeFile(inPath, input);
+    pid_t pid = fork();
+    if (pid == 0) {
+        if (!dir.empty() && chdir(dir.c_str()) != 0) _exit(126);
+        FILE* in = std::freopen(inPath.c_str(), "r", stdin);
+        FILE* out = std::freopen(outPath.c_str(), "w", stdout);
+        FILE* err = std::freopen(errPath.c_str(), "w", stderr);
+        if (!in || !out || !err) _exit(126);
+        std::vector<char*> args;
+        for (const auto& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+        args.push_back(nullptr);
+        execv(args[0], args.data());
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    result.out = ReadWholeFile(outPath);
+    result.err = ReadWholeFile(errPath);
+    return result;
+}
+
+ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir) {
+    std::vector<std::string> argv{VANTREL_CLI_PATH};
+    argv.insert(argv.end(), args.begin(), args.end());
+    return RunProcess(argv, dir);
+}
+
+TempDir::TempDir() {
+    static std::atomic<int> serial{0};
+    std::filesystem::path base = std::filesystem::path(VANTREL_BINARY_DIR) / "test-tmp";
+    std::filesystem::create_directories(base);
+    path_ = (base / ("t" + std::to_string(getpid()) + "_" + std::to_string(serial++))).string();
+    std::filesystem::remove_all(path_);
+    std::filesystem::create_directories(path_);
+}
+
+TempDir::~TempDir() {
+    std::error_code ec;
+    std::filesystem::remove_all(path_, ec);
+}
+
+std::string ReadWholeFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+void WriteWholeFile(const std::string& path, const std::string& text) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out << text;
+}
+
+std::string SourcePath(const std::string& relative) {
+    return std::string(VANTREL_SOURCE_DIR) + "/" + relative;
+}
+
+// Every test starts on the headless host with a clean record and checks that fail the test.
+class HeadlessEnvironment : public ::testing::EmptyTestEventListener {
+    void OnTestStart(const ::testing::TestInfo&) override {
+        SetHost(nullptr);
+        HeadlessReset();
+        SetAssertHandler(TestAssertHandler);
+    }
+};
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleMock(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new HeadlessEnvironment);
+    return RUN_ALL_TESTS();
+}

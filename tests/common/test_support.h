@@ -1,0 +1,48 @@
+// Shared helpers of the tests.
+#pragma once
+#include <string>
+#include <vector>
+
+// Counts failed checks while it lives, instead of failing the test. Checks that fail with no
+// capture active fail the running test.
+class AssertCapture {
+  public:
+    AssertCapture();
+    ~AssertCapture();
+    AssertCapture(const AssertCapture&) = delete;
+    AssertCapture& operator=(const AssertCapture&) = delete;
+    int Count() const;
+    // The expressions (or messages) reported, oldest first.
+    std::vector<std::string> Messages() const;
+};
+
+struct ProcessResult {
+    int exitCode = -1; // the exit status, or 128 + signal
+    std::string out;
+    std::string err;
+};
+
+// Runs a program with arguments (no shell), in dir when given, and collects its output.
+ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir = "",
+                         const std::string& input = "");
+// Runs the built vantrel-cli.
+ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir = "");
+
+// A fresh empty folder under the build tree, removed when the object goes.
+class TempDir {
+  public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    const std::string& Path() const { return path_; }
+    std::string File(const std::string& name) const { return path_ + "/" + name; }
+
+  private:
+    std::string path_;
+};
+
+std::string ReadWholeFile(const std::string& path);
+void WriteWholeFile(const std::string& path, const std::string& text);
+// The folder of the sources, for shipped files under data/.
+std::string SourcePath(const std::string& relative);
