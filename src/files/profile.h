@@ -5,12 +5,14 @@
 // file.
 #pragma once
 #include <cstddef>
+#include <string>
 
 // The integer at the start of the value (decimal, optional sign), or defaultValue when the key
 // is missing or the value does not start with a number.
 int GetPrivateProfileInt(const char* section, const char* key, int defaultValue,
                          const char* fileName);
 // Copies the value (or defaultValue) into out, cut to size; returns the characters copied.
+// A null key lists the section's keys, a null section the sections: names ended by NULs.
 unsigned GetPrivateProfileString(const char* section, const char* key, const char* defaultValue,
                                  char* out, size_t size, const char* fileName);
 // Writes key=value in section, creating the file and section when missing. A null value
@@ -22,8 +24,7 @@ int WritePrivateProfileString(const char* section, const char* key, const char* 
 // The typed helpers. A value whose text starts with "?" counts as missing.
 double ReadProfileDouble(const char* section, const char* key, double defaultValue,
                          const char* fileName);
-long ReadProfileLong(const char* section, const char* key, long defaultValue,
-                     const char* fileName);
+long ReadProfileLong(const char* section, const char* key, long defaultValue, const char* fileName);
 int WriteProfileDouble(const char* section, const char* key, const char* format, double value,
                        const char* fileName);
 int WriteProfileInt(const char* section, const char* key, const char* format, int value,
@@ -40,4 +41,7 @@ class ProfileBatch {
     ~ProfileBatch();
     ProfileBatch(const ProfileBatch&) = delete;
     ProfileBatch& operator=(const ProfileBatch&) = delete;
+
+  private:
+    std::string file_;
 };

@@ -94,7 +94,9 @@ const HostTable gHeadless = {
 
 } // namespace
 
-const HostTable& HeadlessHostTable() { return gHeadless; }
+const HostTable& HeadlessHostTable() {
+    return gHeadless;
+}
 
 int DefaultButton(unsigned flags) {
     static const int first[] = {IDOK, IDOK, IDABORT, IDYES, IDYES, IDRETRY};
@@ -103,9 +105,12 @@ int DefaultButton(unsigned flags) {
     unsigned type = flags & MB_TYPEMASK;
     if (type > 5) type = 0;
     switch (flags & MB_DEFMASK) {
-    case MB_DEFBUTTON2: return second[type];
-    case MB_DEFBUTTON3: return third[type];
-    default: return first[type];
+    case MB_DEFBUTTON2:
+        return second[type];
+    case MB_DEFBUTTON3:
+        return third[type];
+    default:
+        return first[type];
     }
 }
 
@@ -150,4 +155,6 @@ void HeadlessReset() {
     gStatus.clear();
 }
 
-void HeadlessSetEcho(bool on) { gEcho = on; }
+void HeadlessSetEcho(bool on) {
+    gEcho = on;
+}

@@ -12,4 +12,6 @@ const HostTable& Host() {
     return host ? *host : HeadlessHostTable();
 }
 
-void SetHost(const HostTable* host) { gHost.store(host, std::memory_order_release); }
+void SetHost(const HostTable* host) {
+    gHost.store(host, std::memory_order_release);
+}

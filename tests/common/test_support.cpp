@@ -69,7 +69,8 @@ ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string
         FILE* err = std::freopen(errPath.c_str(), "w", stderr);
         if (!in || !out || !err) _exit(126);
         std::vector<char*> args;
-        for (const auto& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+        for (const auto& a : argv)
+            args.push_back(const_cast<char*>(a.c_str()));
         args.push_back(nullptr);
         execv(args[0], args.data());
         _exit(127);
