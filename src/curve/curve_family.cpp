@@ -68,10 +68,11 @@ const Curve& CurveFamily::GetCurve(std::uint32_t i) const {
 
 int CurveFamily::DeleteCurves(std::uint32_t first, std::uint32_t last) {
     VASSERT(count > 0);
+    if (count == 0) return 0;
     VASSERT(first < count);
     VASSERT(last < count);
     VASSERT(last >= first);
-    if (count == 0 || first >= count || last >= count || last < first) return 0;
+    if (first >= count || last >= count || last < first) return 0;
     const std::uint32_t tail = count - 1 - last;
     const std::uint32_t remaining = first + tail;
     Curve* fresh = remaining > 0 ? NewCurveArray<Curve>(remaining) : nullptr;
