@@ -54,10 +54,11 @@ std::int64_t Curve::Reserve(std::uint32_t n) {
 }
 
 std::int64_t Curve::Resize(std::uint32_t n) {
+    const std::uint32_t oldCapacity = capacity;
     if (Reserve(n) < 0) return kCurveFailure;
-    // Points between the old count and the old capacity may hold stale values; new points are
-    // (0, 0) whatever the array held before.
-    std::fill(points + std::min(count, n), points + n, Point());
+    // A fresh array is already (0, 0); only the room between the old count and the old
+    // capacity came across and may hold stale points.
+    if (count < oldCapacity) std::fill(points + count, points + std::min(oldCapacity, n), Point());
     count = n;
     return n;
 }
