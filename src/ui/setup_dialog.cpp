@@ -208,8 +208,11 @@ void ProcessDependencies(const SetupTable* table, SetupDialog* dialog) {
             VASSERT_MSG(false, "ProcessMasterSlaveDependences() -- unknown master-control state");
             continue;
         }
-        Effect effect =
-            dep.action < sizeof kActions / sizeof kActions[0] ? kActions[dep.action][state] : NEVER;
+        // The table's columns run unchecked, third state, checked.
+        static const int kColumn[3] = {0, 2, 1};
+        Effect effect = dep.action < sizeof kActions / sizeof kActions[0]
+                            ? kActions[dep.action][kColumn[state]]
+                            : NEVER;
         if (effect == NEVER) {
             VASSERT_MSG(false, "Wrong action in master-slave dependency");
             continue;
