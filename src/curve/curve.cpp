@@ -21,6 +21,15 @@ Point& SparePoint() {
 
 Curve& Curve::operator=(const Curve& other) {
     if (this == &other) return *this;
+    if (capacity == other.count && other.count > 0) {
+        // Same size: reuse the array; the result equals a fresh copy of exactly this capacity.
+        std::copy(other.points, other.points + other.count, points);
+        count = other.count;
+        tag = other.tag;
+        std::copy(std::begin(other.name), std::end(other.name), name);
+        marked = other.marked;
+        return *this;
+    }
     Clear();
     // Without memory the copy keeps its texts and mark but no points; families see the count
     // differ from the source's and report it.

@@ -21,11 +21,23 @@ Curve& SpareCurve() {
 
 CurveFamily& CurveFamily::operator=(const CurveFamily& other) {
     if (this == &other) return *this;
+    // A family of the same shape keeps its arrays: the result is the same as clearing and
+    // allocating anew (every capacity equals its count), without returning the memory to the
+    // system and faulting it in again on every undo copy of a long measurement.
+    bool sameShape = count == other.count && count > 0;
+    for (std::uint32_t i = 0; sameShape && i < count; ++i)
+        sameShape = curves[i].capacity == other.curves[i].count;
+    Curve* kept = sameShape ? curves : nullptr;
+    std::uint32_t keptCount = sameShape ? count : 0;
+    if (sameShape) {
+        curves = nullptr;
+        count = 0;
+    }
     Clear();
     std::memcpy(static_cast<void*>(this), &other, offsetof(CurveFamily, curves));
-    curves = nullptr;
-    count = 0;
-    SetCurveCount(other.count);
+    curves = kept;
+    count = keptCount;
+    if (!kept) SetCurveCount(other.count);
     for (std::uint32_t i = 0; i < count; ++i) {
         curves[i] = other.curves[i];
         // Undo compares only the number of curves, so a curve short of points ends the copy.

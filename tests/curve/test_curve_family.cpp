@@ -104,12 +104,20 @@ TEST(CurveFamily, AssignmentHeaderAndShortage) {
     g = g;
     EXPECT_EQ(g.count, 3u);
     {
-        // The array and the points of curve 0 only: the copy ends before curve 1.
-        AllocationBudget two(2);
+        // A family of the same shape is copied into the arrays it holds, with no allocation.
+        AllocationBudget none(0);
         g = f;
     }
-    EXPECT_EQ(Names(g), "0");
-    EXPECT_EQ(g.date, 1000);
+    EXPECT_EQ(Names(g), "012");
+    EXPECT_EQ(g.curves[1].capacity, g.curves[1].count);
+    CurveFamily k;
+    {
+        // The array and the points of curve 0 only: the copy ends before curve 1.
+        AllocationBudget two(2);
+        k = f;
+    }
+    EXPECT_EQ(Names(k), "0");
+    EXPECT_EQ(k.date, 1000);
 
     CurveFamily h;
     h.CopyHeader(f);
