@@ -4,8 +4,9 @@
 #pragma once
 #include <cstdarg>
 #include <cstddef>
+#include <locale.h>
 
-// While one lives, this thread formats and parses in the C locale.
+// Switches the calling thread to the C locale while it lives; other threads are not affected.
 class CLocaleScope {
   public:
     CLocaleScope();
@@ -14,7 +15,7 @@ class CLocaleScope {
     CLocaleScope& operator=(const CLocaleScope&) = delete;
 
   private:
-    void* previous_;
+    locale_t previous_;
 };
 
 // snprintf and strtod in the C locale.
