@@ -3,23 +3,19 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <locale.h>
 
 namespace {
-
 locale_t CLocale() {
-    // Made once and never freed: threads may still hold it while the program ends.
-    static const locale_t c = newlocale(LC_ALL_MASK, "C", locale_t(0));
+    static locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
     return c;
 }
-
 } // namespace
 
-CLocaleScope::CLocaleScope() : previous_(locale_t(0)) {
-    if (CLocale() != locale_t(0)) previous_ = uselocale(CLocale());
-}
+CLocaleScope::CLocaleScope() : previous_(uselocale(CLocale())) {}
 
 CLocaleScope::~CLocaleScope() {
-    if (previous_ != locale_t(0)) uselocale(previous_);
+    uselocale(static_cast<locale_t>(previous_));
 }
 
 int VsnprintfC(char* buffer, size_t size, const char* format, va_list args) {

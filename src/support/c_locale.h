@@ -4,9 +4,8 @@
 #pragma once
 #include <cstdarg>
 #include <cstddef>
-#include <locale.h>
 
-// Switches the calling thread to the C locale while it lives; other threads are not affected.
+// While one lives, this thread formats and parses in the C locale.
 class CLocaleScope {
   public:
     CLocaleScope();
@@ -15,7 +14,7 @@ class CLocaleScope {
     CLocaleScope& operator=(const CLocaleScope&) = delete;
 
   private:
-    locale_t previous_;
+    void* previous_;
 };
 
 // snprintf and strtod in the C locale.
