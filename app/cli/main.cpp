@@ -7,6 +7,9 @@
 #include <cstring>
 
 const CliVerb gCliVerbs[] = {
+    {"convert", RunConvert,
+     "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
+     "pair"},
     {nullptr, nullptr, nullptr},
 };
 
