@@ -22,7 +22,10 @@ struct PixelD {
     double y;
 };
 
+// Only a non-finite point can reach the limits; it must not make the conversion undefined.
 int Truncate(double v) {
+    if (!(v > -kFarPixel * 4)) return v != v ? 0 : static_cast<int>(-kFarPixel * 4);
+    if (v > kFarPixel * 4) return static_cast<int>(kFarPixel * 4);
     return static_cast<int>(v);
 }
 
@@ -62,6 +65,7 @@ bool Far(const PixelD& p) {
 }
 
 void Segment(PlotPath& path, PixelD a, PixelD b, const PlotBox& box) {
+    if (std::isnan(a.x) || std::isnan(a.y) || std::isnan(b.x) || std::isnan(b.y)) return;
     if (Far(a) || Far(b)) {
         if (!ClipSegment(a, b, box)) return;
     }
@@ -96,6 +100,9 @@ class SymbolMask {
 
 void DrawPlotCurves(const PlotCanvas& dc, const CanvasCaps& caps, const PlotBox& box,
                     const CurveFamily& family, bool blackOnly) {
+    // The inside test compares in the precision of the points.
+    float xMin = static_cast<float>(box.xMin), xMax = static_cast<float>(box.xMax);
+    float yMin = static_cast<float>(box.yMin), yMax = static_cast<float>(box.yMax);
     SymbolMask mask(box);
     std::vector<CanvasPoint> symbols;
     for (std::uint32_t c = 0; c < family.count; ++c) {
@@ -124,9 +131,9 @@ void DrawPlotCurves(const PlotCanvas& dc, const CanvasCaps& caps, const PlotBox&
             PixelD previous{0, 0};
             for (std::uint32_t i = 0; i < curve.count; ++i) {
                 const Point& p = curve.points[i];
-                PixelD pixel{box.left + (static_cast<double>(p.x) - box.xMin) / box.xPerPixel,
-                             box.bottom - (static_cast<double>(p.y) - box.yMin) / box.yPerPixel};
-                bool inside = box.xMin < p.x && p.x < box.xMax && box.yMin < p.y && p.y < box.yMax;
+                PixelD pixel{box.left + (p.x - box.xMin) / box.xPerPixel,
+                             box.bottom - (p.y - box.yMin) / box.yPerPixel};
+                bool inside = xMin < p.x && p.x < xMax && yMin < p.y && p.y < yMax;
                 if (inside && withSymbols) {
                     int x = Truncate(pixel.x);
                     int y = Truncate(pixel.y);

@@ -40,8 +40,8 @@ void AxisScale(float low, float high, double& divisor, const char*& prefix) {
 }
 
 // The value at big division i; rounding noise near zero prints as 0.
-double DivisionValue(float low, float high, unsigned i, unsigned grid) {
-    double span = static_cast<double>(high) - static_cast<double>(low);
+double DivisionValue(double low, double high, unsigned i, unsigned grid) {
+    double span = high - low;
     double value = span * i / grid + low;
     if (2 * std::fabs(value) < span / grid) value = 0.0;
     return value;
@@ -181,14 +181,14 @@ int DrawPlot(const PlotOptions& options, const PlotWindow* window, const PlotCan
     b.bottom = area.bottom - (fontH + 2 * AbsInt(bigTick));
     b.width = areaWidth - 8 * charW;
     b.height = areaHeight - 2 * AbsInt(bigTick) - fontH - fontH / 2;
-    b.xMin = view.xMin;
-    b.xMax = view.xMax;
-    b.yMin = view.yMin;
-    b.yMax = view.yMax;
+    b.xMin = xMin;
+    b.xMax = xMax;
+    b.yMin = yMin;
+    b.yMax = yMax;
     // Too small for the numbers around it: no box to draw in.
     if (b.width < 1 || b.height < 1) return PLOT_NO_AREA;
-    b.xPerPixel = (static_cast<double>(b.xMax) - b.xMin) / b.width;
-    b.yPerPixel = (static_cast<double>(b.yMax) - b.yMin) / b.height;
+    b.xPerPixel = (xMax - xMin) / b.width;
+    b.yPerPixel = (yMax - yMin) / b.height;
     if (!(b.xPerPixel >= 1e-32)) b.xPerPixel = 1e-32;
     if (!(b.yPerPixel >= 1e-32)) b.yPerPixel = 1e-32;
 
