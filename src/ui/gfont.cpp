@@ -23,9 +23,9 @@ int WriteUnsigned(const char* section, const char* prefix, const char* ending, u
 } // namespace
 
 const char* FontWeightName(int weight) {
-    static const char* const names[] = {"thin",     "ultra-light", "light", "normal",
-                                        "medium",   "semi-bold",   "bold",  "extra-bold",
-                                        "heavy",    "black"};
+    static const char* const names[] = {"thin",   "ultra-light", "light", "normal",
+                                        "medium", "semi-bold",   "bold",  "extra-bold",
+                                        "heavy",  "black"};
     if (weight < 1 || weight > 1000) return "";
     if (weight <= 150) return names[0];
     return names[(weight - 51) / 100];
@@ -35,8 +35,8 @@ GFont::GFont() {
     BoundedCopy(faceName, "Arial");
 }
 
-GFont::GFont(const char* name, unsigned points, CanvasColor textColor) :
-    height(points), color(textColor) {
+GFont::GFont(const char* name, unsigned points, CanvasColor textColor)
+    : height(points), color(textColor) {
     BoundedCopy(faceName, name);
 }
 

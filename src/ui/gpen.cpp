@@ -18,8 +18,8 @@ void KeyOf(char (&key)[128], const char* prefix, const char* ending) {
 } // namespace
 
 const char* PenStyleName(int style) {
-    static const char* const names[] = {"Solid",      "Dash",     "Dot", "DashDot",
-                                        "DashDotDot", "Invisible"};
+    static const char* const names[] = {"Solid",   "Dash",       "Dot",
+                                        "DashDot", "DashDotDot", "Invisible"};
     return style >= 0 && style <= PEN_INVISIBLE ? names[style] : nullptr;
 }
 

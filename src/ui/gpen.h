@@ -14,8 +14,8 @@ class GPen {
     int fourthId = 0;
 
     GPen() = default;
-    GPen(int penStyle, int penWidth, CanvasColor penColor) :
-        style(penStyle), width(penWidth), color(penColor) {}
+    GPen(int penStyle, int penWidth, CanvasColor penColor)
+        : style(penStyle), width(penWidth), color(penColor) {}
 
     // Selects the pen into the device; a style above 5 fails the check and draws solid.
     void CreateFor(const PlotCanvas& dc) const;

@@ -10,7 +10,7 @@ struct PlotBox {
     int bottom = 0;
     int width = 0;
     int height = 0;
-    float xMin = 0, xMax = 0, yMin = 0, yMax = 0;
+    double xMin = 0, xMax = 0, yMin = 0, yMax = 0; // the rounded range
     double xPerPixel = 1e-32;
     double yPerPixel = 1e-32;
 };

@@ -23,7 +23,7 @@ class PlotPath {
     void CloseRun();
     void Append(int x, int y);
 
-    const PlotCanvas& dc_;
+    PlotCanvas dc_; // a copy: the table is small and callers often pass a temporary
     bool reduce_;
     std::vector<CanvasPoint> points_;
     bool open_ = false; // points_ holds a started polyline

@@ -15,8 +15,8 @@ void DrawSymbol(const PlotCanvas& dc, int x, int y, int symbolNumber, int halfSi
     }
     case SYMBOL_SQUARE: {
         int s = halfSize;
-        CanvasPoint p[5] = {{x - s, y - s}, {x + s, y - s}, {x + s, y + s}, {x - s, y + s},
-                            {x - s, y - s}};
+        CanvasPoint p[5] = {
+            {x - s, y - s}, {x + s, y - s}, {x + s, y + s}, {x - s, y + s}, {x - s, y - s}};
         dc.Polyline(dc.context, p, 5);
         break;
     }
@@ -31,9 +31,10 @@ void DrawSymbol(const PlotCanvas& dc, int x, int y, int symbolNumber, int halfSi
         int h = halfSize * 8774 / 5000;
         int w = halfSize * 7598 / 5000;
         int sign = symbolNumber == SYMBOL_TRIANGLE_UP ? 1 : -1;
-        CanvasPoint p[4] = {
-            {x, y - sign * h}, {x + w, y + sign * (h / 2)}, {x - w, y + sign * (h / 2)},
-            {x, y - sign * h}};
+        CanvasPoint p[4] = {{x, y - sign * h},
+                            {x + w, y + sign * (h / 2)},
+                            {x - w, y + sign * (h / 2)},
+                            {x, y - sign * h}};
         dc.Polyline(dc.context, p, 4);
         break;
     }
