@@ -21,6 +21,15 @@ Point& SparePoint() {
 
 Curve& Curve::operator=(const Curve& other) {
     if (this == &other) return *this;
+    if (capacity == other.count && other.count > 0) {
+        // Same size: reuse the array; the result equals a fresh copy of exactly this capacity.
+        std::copy(other.points, other.points + other.count, points);
+        count = other.count;
+        tag = other.tag;
+        std::copy(std::begin(other.name), std::end(other.name), name);
+        marked = other.marked;
+        return *this;
+    }
     Clear();
     // Without memory the copy keeps its texts and mark but no points; families see the count
     // differ from the source's and report it.
@@ -54,10 +63,11 @@ std::int64_t Curve::Reserve(std::uint32_t n) {
 }
 
 std::int64_t Curve::Resize(std::uint32_t n) {
+    const std::uint32_t oldCapacity = capacity;
     if (Reserve(n) < 0) return kCurveFailure;
-    // Points between the old count and the old capacity may hold stale values; new points are
-    // (0, 0) whatever the array held before.
-    std::fill(points + std::min(count, n), points + n, Point());
+    // A fresh array is already (0, 0); only the room between the old count and the old
+    // capacity came across and may hold stale points.
+    if (count < oldCapacity) std::fill(points + count, points + std::min(oldCapacity, n), Point());
     count = n;
     return n;
 }

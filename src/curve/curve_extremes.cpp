@@ -36,8 +36,9 @@ template <class Better>
 std::int64_t IndexOfExtreme(Coordinate c, const Curve& curve, std::uint32_t first,
                             std::uint32_t end, Better better) {
     VASSERT(curve.count > 0);
+    if (curve.count == 0) return kCurveFailure;
     VASSERT(first < curve.count);
-    if (curve.count == 0 || first >= curve.count) return kCurveFailure;
+    if (first >= curve.count) return kCurveFailure;
     if (end > curve.count) end = curve.count;
     VASSERT(end >= first);
     if (end < first) return kCurveFailure;

@@ -21,11 +21,23 @@ Curve& SpareCurve() {
 
 CurveFamily& CurveFamily::operator=(const CurveFamily& other) {
     if (this == &other) return *this;
+    // A family of the same shape keeps its arrays: the result is the same as clearing and
+    // allocating anew (every capacity equals its count), without returning the memory to the
+    // system and faulting it in again on every undo copy of a long measurement.
+    bool sameShape = count == other.count && count > 0;
+    for (std::uint32_t i = 0; sameShape && i < count; ++i)
+        sameShape = curves[i].capacity == other.curves[i].count;
+    Curve* kept = sameShape ? curves : nullptr;
+    std::uint32_t keptCount = sameShape ? count : 0;
+    if (sameShape) {
+        curves = nullptr;
+        count = 0;
+    }
     Clear();
     std::memcpy(static_cast<void*>(this), &other, offsetof(CurveFamily, curves));
-    curves = nullptr;
-    count = 0;
-    SetCurveCount(other.count);
+    curves = kept;
+    count = keptCount;
+    if (!kept) SetCurveCount(other.count);
     for (std::uint32_t i = 0; i < count; ++i) {
         curves[i] = other.curves[i];
         // Undo compares only the number of curves, so a curve short of points ends the copy.
@@ -68,10 +80,11 @@ const Curve& CurveFamily::GetCurve(std::uint32_t i) const {
 
 int CurveFamily::DeleteCurves(std::uint32_t first, std::uint32_t last) {
     VASSERT(count > 0);
+    if (count == 0) return 0;
     VASSERT(first < count);
     VASSERT(last < count);
     VASSERT(last >= first);
-    if (count == 0 || first >= count || last >= count || last < first) return 0;
+    if (first >= count || last >= count || last < first) return 0;
     const std::uint32_t tail = count - 1 - last;
     const std::uint32_t remaining = first + tail;
     Curve* fresh = remaining > 0 ? NewCurveArray<Curve>(remaining) : nullptr;

@@ -1,3 +1,3 @@
 #include "curve/curve_memory.h"
 
-unsigned gRefusedCurveAllocations = 0;
+int gCurveAllocationBudget = -1;

@@ -5,14 +5,12 @@
 #include <cstdint>
 #include <new>
 
-// How many of the coming array allocations to refuse as if memory had run out. Always 0 in the
-// program; tests raise it to walk the failure paths.
-extern unsigned gRefusedCurveAllocations;
+// How many more array allocations may succeed before they fail as if memory had run out;
+// negative (the program's value) means no limit. Tests set it to walk the failure paths.
+extern int gCurveAllocationBudget;
 
 template <class T> T* NewCurveArray(std::uint32_t n) {
-    if (gRefusedCurveAllocations > 0) {
-        --gRefusedCurveAllocations;
-        return nullptr;
-    }
+    if (gCurveAllocationBudget == 0) return nullptr;
+    if (gCurveAllocationBudget > 0) --gCurveAllocationBudget;
     return new (std::nothrow) T[n];
 }

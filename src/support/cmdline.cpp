@@ -162,12 +162,6 @@ bool FindSwitchIn(const char* list, const char* name, char* text, size_t size) {
     return StringFindSwith(list, name, text, size);
 }
 
-bool LookUpSwitch(const char* name, char* text, std::size_t size) {
-    bool found = gOptionsFileText[0] && FindSwitchIn(gOptionsFileText, name, text, size);
-    if (FindSwitch(name, text, size)) found = true;
-    return found;
-}
-
 int PositionalCount() {
     int count = 1;
     for (int i = 1; i < gArgCount; ++i)

@@ -16,7 +16,5 @@ char** SplitCommandLine(char* text, int* count);
 const char* ArgSwitchValue(int after, const char* name, int* index);
 // The value of the first switch called name among the words of list: its start and length.
 bool ListSwitchValue(const char* list, const char* name, const char** value, std::size_t* length);
-// A switch's value from the options file, then from the command line, which so wins. The value
-// is copied to text (sized for any value); false when neither holds the switch.
-bool LookUpSwitch(const char* name, char* text, std::size_t size);
+// Room for any value of the options file.
 constexpr std::size_t CMDLINE_VALUE_SIZE = 4097;

@@ -22,8 +22,10 @@ Scaled ScaleValue(float value) {
     Scaled s;
     float magnitude = std::fabs(value);
     int e = PHYS_MIN_EXP;
+    // In float, as the values are: 1e15f lies just below 1e15, yet its logarithm rounds to 15
+    // and it overflows as 1e15 should; 1e-12f likewise stays at -12.
     if (!(magnitude < PHYS_MIN_MAGNITUDE))
-        e = 3 * static_cast<int>(std::floor(std::log10(static_cast<double>(magnitude)) / 3));
+        e = 3 * static_cast<int>(std::floor(std::log10(magnitude) / 3.0f));
     if (e < PHYS_MIN_EXP) {
         e = PHYS_MIN_EXP;
         s.flags |= PHYS_BELOW_RANGE;
