@@ -172,21 +172,6 @@ TEST_F(Commands, HelpShowsTheOutOfDateWarning) {
     EXPECT_EQ(HeadlessBoxes()[0].text.rfind("The help file is out-of-date.", 0), 0u);
 }
 
-TEST_F(Commands, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
-    TempDir dir;
-    WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
-    uint32_t old = InteractionTime;
-    HeadlessScriptDialog(1, dir.File("other.ini"));
-    CommandDispatch(nullptr, 201);
-    EXPECT_EQ(std::string(gIniFileName), dir.File("other.ini"));
-    EXPECT_EQ(InteractionTime, 321u);
-    InteractionTime = 654;
-    CommandDispatch(nullptr, 202);
-    EXPECT_NE(ReadWholeFile(dir.File("other.ini")).find("InteractionTime=654"),
-              std::string::npos);
-    InteractionTime = old;
-}
-
 TEST_F(Commands, OptionsCommandsGoThroughTheSetupDialog) {
     uint32_t old = InteractionTime;
     HeadlessScriptDialog(0);

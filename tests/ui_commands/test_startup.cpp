@@ -29,13 +29,16 @@ class Startup : public Commands {
         FreeCommandLine();
         Commands::TearDown();
     }
+    // The parser keeps pointers into the vector, so both live as long as the test.
     void Parse(std::vector<std::string> args) {
-        args.insert(args.begin(), "vantrel");
-        std::vector<char*> argv;
-        for (std::string& a : args)
-            argv.push_back(a.data());
-        ParseArgv(int(argv.size()), argv.data());
+        args_ = std::move(args);
+        args_.insert(args_.begin(), "vantrel");
+        for (std::string& a : args_)
+            argv_.push_back(a.data());
+        ParseArgv(int(argv_.size()), argv_.data());
     }
+    std::vector<std::string> args_;
+    std::vector<char*> argv_;
     static FakeCard Multifunction() {
         FakeCard c;
         c.adcBits = 16;
@@ -54,8 +57,7 @@ TEST_F(Startup, NoAdcGivesTheTwoMessagesAndEndsBeforeTheSettings) {
     auto boxes = HeadlessBoxes();
     ASSERT_EQ(boxes.size(), 2u);
     EXPECT_EQ(boxes[0].caption, "DAC/ADC Initialization Error");
-    EXPECT_NE(boxes[0].text.find("[ ] no DACs\n[x] no ADCs\nVantrel will show"),
-              std::string::npos);
+    EXPECT_NE(boxes[0].text.find("[ ] no DACs\n[x] no ADCs\nVantrel will show"), std::string::npos);
     EXPECT_EQ(boxes[1].caption, "Detected NIDAQ Cards");
     EXPECT_EQ(boxes[1].text, gHardwareReport);
     EXPECT_STREQ(gIniFileName, "untouched.ini");
@@ -103,6 +105,24 @@ TEST_F(Startup, FilesOnTheCommandLineAreOpenedInsteadOfAbout) {
     EXPECT_EQ(gCurves.count, 4u);
     EXPECT_EQ(fDataSaved, 1);
     EXPECT_EQ(HeadlessWindow().abouts, 0);
+}
+
+TEST_F(Startup, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
+    // Settings validate against the cards, so the rack comes first.
+    gRack.cards = {Multifunction()};
+    Parse({});
+    ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
+    TempDir dir;
+    WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
+    uint32_t old = InteractionTime;
+    HeadlessScriptDialog(1, dir.File("other.ini"));
+    CommandDispatch(nullptr, 201);
+    EXPECT_EQ(std::string(gIniFileName), dir.File("other.ini"));
+    EXPECT_EQ(InteractionTime, 321u);
+    InteractionTime = 654;
+    CommandDispatch(nullptr, 202);
+    EXPECT_NE(ReadWholeFile(dir.File("other.ini")).find("InteractionTime=654"), std::string::npos);
+    InteractionTime = old;
 }
 
 } // namespace
