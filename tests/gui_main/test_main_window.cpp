@@ -1,0 +1,211 @@
+#include "curve/undo.h"
+#include "gui/main_window.h"
+#include "gui/plot_widget.h"
+#include "gui/qt_host.h"
+#include "gui/setup_dialog.h"
+#include "platform/headless_host.h"
+#include "ui/command_table.h"
+#include "ui/main_state.h"
+#include "ui/main_window_calls.h"
+#include "ui/plot_render.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+// The application lives from the first test to the end of the run, and goes before the exit
+// handlers: Qt's devices must not outlive it.
+int gArgc = 1;
+char gName[] = "test_gui_main";
+char* gArgv[] = {gName, nullptr};
+QApplication* gApp = nullptr;
+
+class QtEnvironment : public ::testing::Environment {
+  public:
+    void TearDown() override {
+        delete gApp;
+        gApp = nullptr;
+    }
+};
+::testing::Environment* const kQtEnvironment =
+    ::testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+void App() {
+    if (!gApp) gApp = new QApplication(gArgc, gArgv);
+}
+
+class Gui : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        App();
+        gCurves.Reset();
+        gUndoCurves.Reset();
+        fUndoEnabled = 0;
+        SetSelectionState(0);
+    }
+    void TearDown() override {
+        SetHost(nullptr);
+        SetMainWindowCalls(nullptr);
+    }
+};
+
+TEST_F(Gui, MenusComeFromTheCommandTable) {
+    VantrelMainWindow w;
+    w.Install();
+    QList<QAction*> menus = w.menuBar()->actions();
+    ASSERT_EQ(unsigned(menus.size()), gMenuCount);
+    for (unsigned i = 0; i < gMenuCount; ++i)
+        EXPECT_EQ(menus[int(i)]->text(), gMenuTitles[i]);
+    ASSERT_NE(w.Action(197), nullptr);
+    EXPECT_EQ(w.Action(197)->text(), "&Open\tCtrl+O");
+    EXPECT_EQ(w.Action(197)->shortcut(), QKeySequence("Ctrl+O"));
+    EXPECT_EQ(w.Action(187)->shortcuts().size(), 2);
+    EXPECT_EQ(w.Action(153)->text(), "&V(T) && R(T)\tF8");
+    EXPECT_FALSE(w.Action(187)->isEnabled());
+    EXPECT_FALSE(w.Action(233)->isEnabled());
+    EXPECT_TRUE(w.Action(253)->isEnabled());
+
+    gCurves.SetCurveCount(1);
+    gCurves.GetCurve(0).AddPoint(1, 2);
+    SaveUndo();
+    SetSelectionState(2);
+    w.UpdateMenus();
+    EXPECT_TRUE(w.Action(187)->isEnabled());
+    EXPECT_FALSE(w.Action(253)->isEnabled());
+    EXPECT_TRUE(w.Action(234)->isEnabled());
+}
+
+TEST_F(Gui, StatusBarHasFourPanesAndTheHostWritesThem) {
+    VantrelMainWindow w;
+    w.Install();
+    Host().SetStatusText(2, "x\xB5V");
+    QApplication::processEvents();
+    EXPECT_EQ(w.Pane(2)->text(), QString::fromUtf8("x\u00B5V"));
+    EXPECT_EQ(w.Pane(3)->width(), 100);
+}
+
+TEST_F(Gui, PlotShowsTheReportWithNoCurvesAndDrawsAFamily) {
+    VantrelMainWindow w;
+    w.resize(640, 480);
+    w.Plot()->grab();
+    EXPECT_EQ(w.Plot()->LastResult(), PLOT_NOTHING);
+    gCurves.SetCurveCount(1);
+    for (int i = 0; i < 20; ++i)
+        gCurves.GetCurve(0).AddPoint(float(i), float(i * i));
+    gViewScale.scaleAuto = 1;
+    w.Plot()->grab();
+    EXPECT_EQ(w.Plot()->LastResult(), PLOT_DRAWN);
+}
+
+TEST_F(Gui, TitleFollowsTheWindowCalls) {
+    VantrelMainWindow w;
+    w.Install();
+    MainWindow().SetTitle(&w, "Vantrel -- /tmp/a.dat");
+    EXPECT_EQ(w.windowTitle(), "Vantrel -- /tmp/a.dat");
+}
+
+// Clicks the button of the first message box that shows up. The box runs its own event loop,
+// so the answer has to come from a timer inside it.
+void AnswerNextBox(QTimer& timer, QMessageBox::StandardButton button) {
+    QObject::connect(&timer, &QTimer::timeout, [button] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            box->button(button)->click();
+    });
+    timer.start(10);
+}
+
+TEST_F(Gui, BoxFromAnotherThreadWaitsForTheInterfaceThread) {
+    VantrelMainWindow w;
+    w.Install();
+    std::atomic<int> answer{0};
+    QTimer timer;
+    AnswerNextBox(timer, QMessageBox::No);
+    std::thread worker([&] {
+        answer = Host().MessageBox(nullptr, "Go on?", "Vantrel", MB_YESNOCANCEL | MB_ICONQUESTION);
+    });
+    for (int i = 0; i < 300 && !answer; ++i)
+        QTest::qWait(10);
+    worker.join();
+    EXPECT_EQ(answer.load(), IDNO);
+}
+
+int32_t gNumber = 7;
+int32_t gFlag = 1;
+char gText[8] = "abc";
+SetupRow gRows[] = {
+    SetupCheckRow(100, &gFlag, "Test", "Flag"),
+    SetupIntRow(101, &gNumber, "Test", "Number", 0, 100),
+    SetupTextRow(102, gText, sizeof gText, "Test", "Text"),
+};
+const int kSlaves[] = {100, 101};
+const Dependency kDependencies[] = {{0, 1, kSlaves}};
+SetupTable gTable = {3, gRows, nullptr, 1, kDependencies};
+
+TEST_F(Gui, SetupDialogStaysOpenOnABadValueAndWritesOnOk) {
+    QtSetupDialog d(&gTable, "Test");
+    ASSERT_TRUE(d.Open());
+    d.show();
+    auto* edit = qobject_cast<QLineEdit*>(d.Control(101));
+    ASSERT_NE(edit, nullptr);
+    EXPECT_EQ(edit->text(), "7");
+    EXPECT_EQ(qobject_cast<QLineEdit*>(d.Control(102))->maxLength(),
+              7); // the buffer less its terminator
+    edit->setText("500");
+    QTest::mouseClick(qobject_cast<QPushButton*>(d.Control(SETUP_ID_OK)), Qt::LeftButton);
+    EXPECT_TRUE(d.isVisible());
+    EXPECT_EQ(gNumber, 7);
+    EXPECT_EQ(edit->selectedText(), "500");
+
+    edit->setText("42");
+    QTest::mouseClick(qobject_cast<QPushButton*>(d.Control(SETUP_ID_OK)), Qt::LeftButton);
+    EXPECT_FALSE(d.isVisible());
+    EXPECT_EQ(d.result(), 1);
+    EXPECT_EQ(gNumber, 42);
+    EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+}
+
+TEST_F(Gui, SetupDialogDependencyDisablesAndKeepsTheOldValue) {
+    gNumber = 5;
+    gFlag = 1;
+    QtSetupDialog d(&gTable, "Test");
+    ASSERT_TRUE(d.Open());
+    d.show();
+    auto* box = qobject_cast<QCheckBox*>(d.Control(100));
+    auto* edit = qobject_cast<QLineEdit*>(d.Control(101));
+    EXPECT_TRUE(edit->isEnabled());
+    box->click();
+    EXPECT_FALSE(edit->isEnabled());
+    edit->setText("999"); // disabled: neither checked nor taken
+    QTest::mouseClick(qobject_cast<QPushButton*>(d.Control(SETUP_ID_OK)), Qt::LeftButton);
+    EXPECT_EQ(d.result(), 1);
+    EXPECT_EQ(gNumber, 5);
+    EXPECT_EQ(gFlag, 0);
+}
+
+TEST_F(Gui, EscapeIsCancel) {
+    gNumber = 3;
+    QtSetupDialog d(&gTable, "Test");
+    ASSERT_TRUE(d.Open());
+    d.show();
+    qobject_cast<QLineEdit*>(d.Control(101))->setText("9");
+    d.reject();
+    EXPECT_EQ(d.result(), 0);
+    EXPECT_EQ(gNumber, 3);
+    EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+}
+
+} // namespace
