@@ -2,6 +2,7 @@
 // the step clock, and single-point writes and reads through the driver table.
 #pragma once
 #include "common/test_support.h"
+#include "instrument/daq/sim_config.h"
 #include "instrument/daq/sim_driver.h"
 
 #include <string>

@@ -12,9 +12,15 @@ namespace {
 constexpr double kBiasResistor = 1e4;
 constexpr double kDacStep = 20.0 / 65536 / kBiasResistor;
 
-void SetBiasReading(int reading) { gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(reading)); }
-double BiasOf(int reading) { return reading * kDacStep; }
-double J1Volts() { return ReadVolts(1, 0, 10) / 1000; }
+void SetBiasReading(int reading) {
+    gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(reading));
+}
+double BiasOf(int reading) {
+    return reading * kDacStep;
+}
+double J1Volts() {
+    return ReadVolts(1, 0, 10) / 1000;
+}
 
 struct Sweep {
     double up = -1;   // first bias with a voltage on the way up

@@ -29,7 +29,8 @@ double TableTemperature(double ohm) {
     char line[512];
     while (f && std::fgets(line, sizeof line, f)) {
         float a, b;
-        if (line[0] != ';' && std::sscanf(line, "%f %f", &a, &b) == 2) t.push_back(a), r.push_back(b);
+        if (line[0] != ';' && std::sscanf(line, "%f %f", &a, &b) == 2)
+            t.push_back(a), r.push_back(b);
     }
     if (f) std::fclose(f);
     for (size_t i = 1; i < t.size(); ++i)
@@ -89,7 +90,8 @@ TEST(SimSample, ThermometerMatchesTheShippedTable) {
 // Each switched junction of the array adds one gap voltage, at its own critical current.
 TEST(SimSample, ArrayVoltageIsAStaircase) {
     TempDir dir;
-    LoadSim(dir, "[Field]\nOffset=0\n[Array]\nN=8\nIc=5e-5\nSpread=0.15\nRn=40\nGapVoltage=0.0027\n");
+    LoadSim(dir,
+            "[Field]\nOffset=0\n[Array]\nN=8\nIc=5e-5\nSpread=0.15\nRn=40\nGapVoltage=0.0027\n");
     SimSampleState st = SimDaqSampleState();
     ASSERT_EQ(st.arrayCount, 8);
     std::vector<double> ics;
