@@ -185,3 +185,28 @@ TEST(SimRack, GarbageFileLoadsWithRepairedValues) {
     EXPECT_FALSE(SimDaqLoad(dir.File("missing.ini").c_str()));
     EXPECT_EQ(SimDaqConfig().cards[0].bits, 16);
 }
+
+// The shipped file spells out the built-in defaults.
+TEST(SimRack, ShippedFileEqualsTheBuiltInDefaults) {
+    TempDir dir;
+    SimDaqLoad(dir.File("absent.ini").c_str());
+    SimSampleState builtIn = SimDaqSampleState();
+    SimConfig a = SimDaqConfig();
+    ASSERT_TRUE(SimDaqLoad(SourcePath("data/simdaq.ini").c_str()));
+    const SimConfig& b = SimDaqConfig();
+    ASSERT_EQ(a.cards.size(), b.cards.size());
+    for (size_t k = 0; k < a.cards.size(); ++k) {
+        EXPECT_EQ(a.cards[k].inputs.size(), b.cards[k].inputs.size());
+        EXPECT_EQ(a.cards[k].gains, b.cards[k].gains);
+        EXPECT_EQ(a.cards[k].name, b.cards[k].name);
+        EXPECT_EQ(a.cards[k].outputs, b.cards[k].outputs);
+    }
+    for (int s = 0; s < kSigCount; ++s) {
+        EXPECT_EQ(a.inputs[s].port.channel, b.inputs[s].port.channel) << s;
+        EXPECT_EQ(a.inputs[s].gain, b.inputs[s].gain) << s;
+        EXPECT_EQ(a.inputs[s].offset, b.inputs[s].offset) << s;
+    }
+    EXPECT_EQ(a.version, b.version);
+    EXPECT_EQ(a.noiseSigma, b.noiseSigma);
+    EXPECT_EQ(SimDaqSampleState().j1.ic, builtIn.j1.ic);
+}
