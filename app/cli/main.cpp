@@ -1,6 +1,7 @@
 // vantrel-cli: the core of Vantrel over the headless host, for scripts, tests and CI.
 #include "cli_verbs.h"
 #include "platform/headless_host.h"
+#include "support/cmdline.h"
 
 #include <cstdio>
 #include <cstring>
@@ -20,13 +21,16 @@ void PrintCliUsage() {
 
 int main(int argc, char** argv) {
     HeadlessSetEcho(true);
-    if (argc < 2) {
+    // Switches may stand before the verb, and an options file (-@FILE) may hold them.
+    ParseArgv(argc, argv);
+    const char* verb = Positional(1);
+    if (!verb) {
         PrintCliUsage();
         return 0;
     }
     for (const CliVerb* v = gCliVerbs; v->name; ++v)
-        if (std::strcmp(v->name, argv[1]) == 0) return v->Run(argc, argv);
-    std::fprintf(stderr, "vantrel-cli: unknown verb '%s'\n", argv[1]);
+        if (std::strcmp(v->name, verb) == 0) return v->Run(argc, argv);
+    std::fprintf(stderr, "vantrel-cli: unknown verb '%s'\n", verb);
     PrintCliUsage();
     return 2;
 }

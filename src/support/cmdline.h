@@ -32,10 +32,13 @@ unsigned SwitchIntList(const char* name, int* list, unsigned capacity);
 
 // One plus the number of arguments that are not switches.
 int PositionalCount();
-// The n-th such argument from 1, or null.
+// The n-th such argument from 1, or null; 0 gives entry 0, the program.
 const char* Positional(int n);
 int PositionalInt(int n, int defaultValue);
 double PositionalDouble(int n, double defaultValue);
 
 unsigned CountWords(const char* text);
 bool WordAt(const char* text, unsigned index, char* word, size_t size);
+
+// "st", "nd", "rd" for a last digit 1, 2, 3 (also in 11, 12, 13), "th" for all others.
+const char* OrdinalSuffix(int n);

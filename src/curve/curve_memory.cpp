@@ -1,0 +1,3 @@
+#include "curve/curve_memory.h"
+
+int gCurveAllocationBudget = -1;
