@@ -6,7 +6,7 @@
 #include <string>
 #include <unistd.h>
 
-char gUserName[64] = "";
+char gUserName[64] = "anonymous";
 
 namespace {
 std::string gFolder;
