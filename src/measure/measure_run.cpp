@@ -1,6 +1,6 @@
 #include "measure/measure_run.h"
 #include "curve/undo.h"
-#include "instrument/virtual_voltages.h"
+#include "instrument/virtual_channels.h"
 #include "platform/host.h"
 #include "platform/measure_dialog.h"
 #include "support/debug_check.h"

@@ -1,5 +1,5 @@
 #include "measure/sweep_range.h"
-#include "instrument/virtual_currents.h"
+#include "instrument/virtual_channels.h"
 
 namespace {
 constexpr std::uint32_t kFull = 65535;
