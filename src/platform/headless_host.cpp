@@ -21,6 +21,8 @@ std::vector<unsigned> gBeeps;
 std::vector<std::string> gSounds;
 std::map<int, std::string> gStatus;
 bool gEcho = false;
+int gDesktopRect[4] = {0, 0, 1920, 1080};
+int gWindowRect[4] = {0, 0, 800, 600};
 
 int HeadlessMessageBox(void*, const char* text, const char* caption, unsigned flags) {
     std::lock_guard<std::mutex> hold(gLock);
@@ -87,9 +89,28 @@ void HeadlessProgress(int percent, const char* text) {
     std::fflush(stdout);
 }
 
+void HeadlessGetWindowRectOf(void*, int rect[4]) {
+    std::lock_guard<std::mutex> hold(gLock);
+    for (int k = 0; k < 4; ++k)
+        rect[k] = gWindowRect[k];
+}
+
+void HeadlessMoveWindow(void*, const int rect[4]) {
+    std::lock_guard<std::mutex> hold(gLock);
+    for (int k = 0; k < 4; ++k)
+        gWindowRect[k] = rect[k];
+}
+
+void HeadlessGetDesktopRect(int rect[4]) {
+    std::lock_guard<std::mutex> hold(gLock);
+    for (int k = 0; k < 4; ++k)
+        rect[k] = gDesktopRect[k];
+}
+
 const HostTable gHeadless = {
-    HeadlessMessageBox, HeadlessBeep,           HeadlessPlaySound,  HeadlessSetStatusText,
-    HeadlessWaitCursor, HeadlessRunSetupDialog, HeadlessFileDialog, HeadlessProgress,
+    HeadlessMessageBox,      HeadlessBeep,           HeadlessPlaySound,      HeadlessSetStatusText,
+    HeadlessWaitCursor,      HeadlessRunSetupDialog, HeadlessFileDialog,     HeadlessProgress,
+    HeadlessGetWindowRectOf, HeadlessMoveWindow,     HeadlessGetDesktopRect,
 };
 
 } // namespace
@@ -153,6 +174,20 @@ void HeadlessReset() {
     gBeeps.clear();
     gSounds.clear();
     gStatus.clear();
+}
+
+void HeadlessSetDesktopRect(const int rect[4]) {
+    std::lock_guard<std::mutex> hold(gLock);
+    for (int k = 0; k < 4; ++k)
+        gDesktopRect[k] = rect[k];
+}
+
+void HeadlessSetWindowRect(const int rect[4]) {
+    HeadlessMoveWindow(nullptr, rect);
+}
+
+void HeadlessGetWindowRect(int rect[4]) {
+    HeadlessGetWindowRectOf(nullptr, rect);
 }
 
 void HeadlessSetEcho(bool on) {

@@ -25,6 +25,10 @@ std::vector<HeadlessBox> HeadlessBoxes();
 std::vector<unsigned> HeadlessBeeps();
 std::vector<std::string> HeadlessSounds();
 std::string HeadlessStatusText(int pane);
+// The one window and the desktop of the headless host, for window position tests.
+void HeadlessSetDesktopRect(const int rect[4]);
+void HeadlessSetWindowRect(const int rect[4]);
+void HeadlessGetWindowRect(int rect[4]);
 // Forgets the script and the records.
 void HeadlessReset();
 // When on, boxes, progress and status lines are printed to standard output (vantrel-cli).

@@ -49,6 +49,11 @@ struct HostTable {
     int (*FileDialog)(int save, const char* title, const char* filter, char* path, size_t size);
     // Progress and text lines of long work (a measurement, a batch); percent < 0 clears.
     void (*Progress)(int percent, const char* text);
+    // Rectangles are left, top, right, bottom in screen pixels. MoveWindow moves, sizes and
+    // shows the window to exactly the rectangle given.
+    void (*GetWindowRect)(void* window, int rect[4]);
+    void (*MoveWindow)(void* window, const int rect[4]);
+    void (*GetDesktopRect)(int rect[4]);
 };
 
 // The installed host; never null (the headless host until another is installed).

@@ -1,0 +1,305 @@
+#include "common/test_support.h"
+#include "fake_dialog.h"
+#include "files/profile.h"
+#include "files/settings_registry.h"
+#include "platform/headless_host.h"
+#include "ui/setup_table.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+int32_t gA;
+uint32_t gB;
+float gC;
+char gD[16];
+int32_t gE;
+int32_t gF;
+uint32_t gStatus;
+int gCallbackStarts;
+int gCallbackClaims; // when set, the callback deals with every command
+
+int Callback(SetupDialog* dialog, int controlId, void* handle, int) {
+    if (controlId == 0 && handle == dialog) ++gCallbackStarts;
+    return gCallbackClaims;
+}
+
+const int kMasterSlaves[] = {14, 10, 11};
+const int kMasterHides[] = {14, 13};
+const Dependency kDeps[] = {{0, 2, kMasterSlaves}, {4, 1, kMasterHides}, {0, 1, nullptr}};
+
+SetupRow gRows[8];
+SetupTable gTable;
+
+class SetupTableTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        gA = 1;
+        gB = 50;
+        gC = 1.5f;
+        std::strcpy(gD, "abc");
+        gE = 1;
+        gF = 1;
+        gStatus = 7;
+        gCallbackStarts = 0;
+        gCallbackClaims = 0;
+        gRows[0] = SetupIntRow(10, &gA, "T", "A", -5, 5);
+        gRows[1] = SetupUIntRow(11, &gB, "T", "B", 100, 10); // descending pair
+        gRows[2] = SetupFloatRow(12, &gC, "T", "C", 0.5f, 2.5f);
+        gRows[3] = SetupTextRow(13, gD, sizeof gD, "T", "D");
+        gRows[4] = SetupCheckRow(14, &gE, "T", "E");
+        gRows[5] = SetupRadioRow(20, &gF, "T", "F");
+        gRows[6] = SetupUIntRow(15, &gStatus, "T", nullptr, 0, 10);
+        gRows[7] = SetupUIntRow(16, &gStatus, "T", "Unused", 0, 10);
+        gRows[7].kind = 3;
+        gTable = {8, gRows, Callback, 3, kDeps};
+        for (int id : {10, 11, 12, 13, 14, 15, 16})
+            fake.controls[id];
+        fake.AddRadioGroup(20, 3);
+        BoundedPath(ini.File("vtl.ini"));
+        HeadlessReset();
+    }
+    void TearDown() override { SetCurrentSetupTable(nullptr); }
+    static void BoundedPath(const std::string& path) {
+        std::snprintf(gIniFileName, sizeof gIniFileName, "%s", path.c_str());
+    }
+    int Command(int id, int notification = 0) {
+        return SetupDlg_Command(&fake.dialog, id, nullptr, notification);
+    }
+    FakeDialog fake;
+    TempDir ini;
+};
+
+} // namespace
+
+TEST_F(SetupTableTest, SaveWritesEachKindAndSkipsRowsWithoutKey) {
+    gC = 0.25f;
+    std::strcpy(gD, "a=b c");
+    ASSERT_EQ(SaveOptionTable(&gTable, gIniFileName), 1);
+    std::string file = ReadWholeFile(gIniFileName);
+    EXPECT_EQ(file, "[T]\r\nA=1\r\nB=50\r\nC=0.25\r\nD=a=b c\r\nE=1\r\nF=1\r\n");
+    EXPECT_EQ(gRows[3].value.text, nullptr); // the block went back
+}
+
+TEST_F(SetupTableTest, LoadTakesWhatTheFileHasAndKeepsTheRest) {
+    WriteWholeFile(gIniFileName,
+                   "[t]\r\na=-3\r\nC=?\r\nd=xyz\r\nF=2\r\nUnused=9\r\nB=4000000000\r\n");
+    ASSERT_EQ(LoadOptionTable(&gTable, gIniFileName), 1);
+    EXPECT_EQ(gA, -3);
+    EXPECT_EQ(gB, 4000000000u); // the file is not range-checked
+    EXPECT_FLOAT_EQ(gC, 1.5f);  // "?" counts as missing
+    EXPECT_STREQ(gD, "xyz");
+    EXPECT_EQ(gE, 1);
+    EXPECT_EQ(gF, 2);
+    EXPECT_EQ(gStatus, 7u);
+    // A text longer than the buffer is cut to it.
+    WriteWholeFile(gIniFileName, "[T]\r\nD=" + std::string(40, 'q') + "\r\n");
+    LoadOptionTable(&gTable, gIniFileName);
+    EXPECT_EQ(std::string(gD), std::string(15, 'q'));
+}
+
+TEST_F(SetupTableTest, OpenFillsTheControlsAndRunsCallbackAndDependencies) {
+    gE = 0;
+    ASSERT_EQ(SetupDlg_Open(&gTable, &fake.dialog), 1);
+    EXPECT_EQ(GetCurrentSetupTable(), &gTable);
+    EXPECT_EQ(fake.controls[10].text, "1");
+    EXPECT_EQ(fake.controls[11].text, "50");
+    EXPECT_EQ(fake.controls[12].text, "1.5");
+    EXPECT_EQ(fake.controls[13].text, "abc");
+    EXPECT_EQ(fake.controls[13].limit, 15u);
+    EXPECT_EQ(fake.controls[20].check + fake.controls[21].check * 2 + fake.controls[22].check * 4,
+              2);
+    EXPECT_EQ(gCallbackStarts, 1);
+    EXPECT_FALSE(fake.controls[10].enabled);
+    EXPECT_FALSE(fake.controls[13].shown);
+    // A click on the master runs the pass; typing in a field does not.
+    fake.controls[14].check = 1;
+    EXPECT_EQ(Command(12, 0x300), -1);
+    EXPECT_FALSE(fake.controls[10].enabled);
+    EXPECT_EQ(Command(14), -1);
+    EXPECT_TRUE(fake.controls[10].enabled);
+    EXPECT_TRUE(fake.controls[13].shown);
+}
+
+TEST_F(SetupTableTest, OkWithABadValueBeepsFocusesAndStaysOpen) {
+    SetupDlg_Open(&gTable, &fake.dialog);
+    for (const char* bad : {"6", "x", "", "2 3", "99999999999"}) {
+        fake.controls[10].text = bad;
+        fake.beeps = 0;
+        EXPECT_EQ(Command(SETUP_ID_OK), -1) << bad;
+        EXPECT_EQ(fake.beeps, 1) << bad;
+        EXPECT_EQ(fake.focused, 10);
+        EXPECT_EQ(fake.selectedAll, 10);
+        EXPECT_EQ(fake.ended, -1);
+    }
+    fake.controls[10].text = "-5";
+    fake.controls[11].text = "-20";
+    EXPECT_EQ(Command(SETUP_ID_OK), -1);
+    EXPECT_EQ(fake.focused, 11);
+    fake.controls[11].text = "9"; // below the pair taken the other way round
+    EXPECT_EQ(Command(SETUP_ID_OK), -1);
+    fake.controls[11].text = " 100 ";
+    fake.controls[12].text = "2.6";
+    EXPECT_EQ(Command(SETUP_ID_OK), -1);
+    EXPECT_EQ(fake.focused, 12);
+    EXPECT_EQ(gA, 1); // nothing committed yet
+    fake.controls[12].text = "2.5";
+    fake.controls[13].text = "new";
+    fake.controls[14].check = 0;
+    fake.controls[20].check = 0;
+    fake.controls[21].check = 0;
+    fake.controls[22].check = 1;
+    EXPECT_EQ(Command(SETUP_ID_OK), 1);
+    EXPECT_EQ(fake.ended, 1);
+    EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+    EXPECT_EQ(gA, -5);
+    EXPECT_EQ(gB, 100u);
+    EXPECT_FLOAT_EQ(gC, 2.5f);
+    EXPECT_STREQ(gD, "new");
+    EXPECT_EQ(gE, 0);
+    EXPECT_EQ(gF, 2);
+}
+
+TEST_F(SetupTableTest, ADisabledFieldIsNotCheckedAndKeepsItsValue) {
+    SetupDlg_Open(&gTable, &fake.dialog);
+    fake.controls[14].check = 0;
+    Command(14);
+    ASSERT_FALSE(fake.controls[10].enabled);
+    fake.controls[10].text = "garbage";
+    fake.controls[15].isStatic = true;
+    fake.controls[15].text = "999";
+    fake.controls.erase(13);
+    EXPECT_EQ(Command(SETUP_ID_OK), 1);
+    EXPECT_EQ(fake.beeps, 0);
+    EXPECT_EQ(gA, 1);
+    EXPECT_EQ(gStatus, 7u);
+    EXPECT_STREQ(gD, "abc");
+    EXPECT_EQ(gE, 0);
+}
+
+TEST_F(SetupTableTest, LoadThenCancelLeavesTheVariables) {
+    WriteWholeFile(gIniFileName, "[T]\r\nA=4\r\nD=from file\r\nE=0\r\n");
+    SetupDlg_Open(&gTable, &fake.dialog);
+    EXPECT_EQ(Command(SETUP_ID_LOAD), -1);
+    EXPECT_EQ(fake.controls[10].text, "4");
+    EXPECT_EQ(fake.controls[13].text, "from file");
+    EXPECT_EQ(fake.controls[11].text, "50"); // not in the file: the live value
+    EXPECT_FALSE(fake.controls[10].enabled); // the pass followed the loaded master
+    EXPECT_EQ(Command(SETUP_ID_CANCEL), 0);
+    EXPECT_EQ(fake.ended, 0);
+    EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+    EXPECT_EQ(gA, 1);
+    EXPECT_STREQ(gD, "abc");
+    EXPECT_EQ(gE, 1);
+}
+
+TEST_F(SetupTableTest, SaveWithABadFieldWritesNothing) {
+    SetupDlg_Open(&gTable, &fake.dialog);
+    fake.controls[10].text = "4";
+    fake.controls[12].text = "0.1";
+    EXPECT_EQ(Command(SETUP_ID_SAVE), -1);
+    EXPECT_EQ(fake.focused, 12);
+    EXPECT_EQ(ReadWholeFile(gIniFileName), "");
+    EXPECT_EQ(GetPrivateProfileInt("T", "A", -99, gIniFileName), -99);
+}
+
+TEST_F(SetupTableTest, SaveThenCancelKeepsOldValuesButTheNewFile) {
+    SetupDlg_Open(&gTable, &fake.dialog);
+    fake.controls[10].text = "3";
+    fake.controls[13].text = "saved";
+    fake.controls[15].text = "9";
+    EXPECT_EQ(Command(SETUP_ID_SAVE), -1);
+    EXPECT_EQ(fake.ended, -1);
+    EXPECT_EQ(Command(SETUP_ID_CANCEL), 0);
+    EXPECT_EQ(gA, 1);
+    EXPECT_STREQ(gD, "abc");
+    EXPECT_EQ(GetPrivateProfileInt("T", "A", 0, gIniFileName), 3);
+    char text[32];
+    GetPrivateProfileString("T", "D", "", text, sizeof text, gIniFileName);
+    EXPECT_STREQ(text, "saved");
+    // The status row was edited but has no key: nothing of it reaches the file.
+    EXPECT_EQ(ReadWholeFile(gIniFileName).find("9\r\n"), std::string::npos);
+    EXPECT_EQ(GetPrivateProfileInt("T", "Unused", -1, gIniFileName), -1);
+}
+
+TEST_F(SetupTableTest, ACallbackThatDealsWithTheCommandStopsEverythingElse) {
+    SetupDlg_Open(&gTable, &fake.dialog);
+    gCallbackClaims = 1;
+    fake.controls[14].check = 0;
+    EXPECT_EQ(Command(SETUP_ID_OK), -1);
+    EXPECT_EQ(fake.ended, -1);
+    EXPECT_TRUE(fake.controls[10].enabled); // no dependency pass either
+    gCallbackClaims = 0;
+    EXPECT_EQ(Command(SETUP_ID_CANCEL), 0);
+}
+
+TEST_F(SetupTableTest, AMissingRadioButtonEndsTheDialogWithAMessage) {
+    fake.controls.erase(20);
+    EXPECT_EQ(SetupDlg_Open(&gTable, &fake.dialog), 0);
+    EXPECT_EQ(fake.ended, 0);
+    EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+    auto boxes = HeadlessBoxes();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].caption, "SetupDlg failure");
+    EXPECT_EQ(boxes[0].text, "Can not find radio button with specified ID\nContact developper and "
+                             "describe what were you doing.");
+    EXPECT_EQ(gRows[3].value.text, nullptr);
+}
+
+TEST(SetupDependencies, EveryActionInEveryState) {
+    // Slave 2 starts disabled and hidden, so every effect is visible.
+    const char* expected[8] = {"DDE", "EED", "D-E", "E-D", "H-S", "S-H", "DED", "EDE"};
+    for (unsigned action = 0; action < 8; ++action) {
+        for (int state = 0; state < 3; ++state) { // unchecked, third state, checked
+            FakeDialog fake;
+            fake.controls[1].check = state == 0 ? 0 : state == 1 ? 2 : 1;
+            fake.controls[2].enabled = !(expected[action][state] == 'E');
+            fake.controls[2].shown = !(expected[action][state] == 'S');
+            const int ids[] = {1, 2};
+            Dependency dep = {action, 1, ids};
+            SetupTable table = {0, nullptr, nullptr, 1, &dep};
+            AssertCapture capture;
+            ProcessDependencies(&table, &fake.dialog);
+            const FakeControl& slave = fake.controls[2];
+            switch (expected[action][state]) {
+            case 'D':
+                EXPECT_FALSE(slave.enabled);
+                break;
+            case 'E':
+                EXPECT_TRUE(slave.enabled);
+                break;
+            case 'H':
+                EXPECT_FALSE(slave.shown);
+                break;
+            case 'S':
+                EXPECT_TRUE(slave.shown);
+                break;
+            default:
+                ASSERT_EQ(capture.Count(), 1);
+                EXPECT_EQ(capture.Messages()[0], "Wrong action in master-slave dependency");
+            }
+        }
+    }
+}
+
+TEST(SetupDependencies, UnknownStatesFailADebugCheckAndLaterRowsOverride) {
+    FakeDialog fake;
+    fake.controls[1].check = 5;
+    fake.controls[2].enabled = true;
+    fake.controls[3].check = 1;
+    const int first[] = {1, 2};
+    const int second[] = {3, 2};
+    const Dependency deps[] = {{0, 1, first}, {9, 1, second}, {1, 1, second}};
+    SetupTable table = {0, nullptr, nullptr, 3, deps};
+    AssertCapture capture;
+    ProcessDependencies(&table, &fake.dialog);
+    ASSERT_EQ(capture.Count(), 2);
+    EXPECT_EQ(capture.Messages()[0],
+              "ProcessMasterSlaveDependences() -- unknown master-control state");
+    EXPECT_EQ(capture.Messages()[1], "Wrong action in master-slave dependency");
+    fake.controls[1].check = 1;
+    ProcessDependencies(&table, &fake.dialog);
+    EXPECT_FALSE(fake.controls[2].enabled); // the last row wins
+}
