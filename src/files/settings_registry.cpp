@@ -5,6 +5,7 @@
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/virtual_channels.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
@@ -24,7 +25,7 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 4 mathematics
     Delays_LoadOptions,         // 5 delays
     GeneralMeasure_LoadOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_LoadOptions,        // 7 trigger, with the IVC options
     LoadAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
@@ -51,7 +52,7 @@ OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 4 mathematics
     Delays_SaveOptions,         // 5 delays
     GeneralMeasure_SaveOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_SaveOptions,        // 7 trigger, with the IVC options
     SaveAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs

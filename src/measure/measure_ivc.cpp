@@ -1,4 +1,5 @@
 #include "measure/measure_ivc.h"
+#include "measure/ivc_options.h"
 #include "curve/undo.h"
 #include "instrument/daq_cards.h"
 #include "instrument/timing.h"
@@ -10,18 +11,6 @@
 #include "support/message_box.h"
 
 #include <vector>
-
-int IVC_Trigger = 0;
-int IVC_xAxis_WhatKindOfParam = 0;
-float IVC_xAxis_Factor = 1.0f;
-char IVC_xAxis_Units[32] = "A";
-float IVC_xAxis_From = -30.0f;
-float IVC_xAxis_Step = 1.0f;
-char IVC_xAxis_Auto_Units[32] = "dBm";
-
-float TriggerLevel1 = 0.0f;
-float TriggerLevel2 = 1.0f;
-unsigned TriggerDelay = 0;
 
 float IVC_GetParamValue(void*, int current, unsigned point) {
     switch (IVC_xAxis_WhatKindOfParam) {
