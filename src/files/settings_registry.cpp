@@ -2,6 +2,10 @@
 
 #include "curve/curve_style.h"
 #include "files/profile.h"
+#include "instrument/autozero.h"
+#include "instrument/averaging.h"
+#include "instrument/virtual_channels.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
@@ -16,13 +20,13 @@ char gIniFileName[4096] = "vtl.ini";
 OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 0 axes
     LoadCurveStyles,            // 1 curve styles
-    nullptr,                    // 2 virtual currents and voltages
+    LoadVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_LoadOptions,         // 5 delays
     GeneralMeasure_LoadOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
-    nullptr,                    // 8 averaging
+    Trigger_LoadOptions,        // 7 trigger, with the IVC options
+    LoadAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
     nullptr,                    // 11 Ic(H)
@@ -33,23 +37,23 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 16 waveform general
     nullptr,                    // 17 generator
     nullptr,                    // 18 V(time)
-    nullptr,                    // 19 AutoZero
+    LoadAutoZeroOptions,        // 19 AutoZero
     nullptr,                    // 20 printing options
     nullptr,                    // 21 page setup
-    nullptr,                    // 22 AutoZero again, on purpose
+    LoadAutoZeroOptions,        // 22 AutoZero again, on purpose
     nullptr,                    // 23 Ic, Rn, Ie, Vc table
 };
 
 OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 0 axes
     SaveCurveStyles,            // 1 curve styles
-    nullptr,                    // 2 virtual currents and voltages
+    SaveVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_SaveOptions,         // 5 delays
     GeneralMeasure_SaveOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
-    nullptr,                    // 8 averaging
+    Trigger_SaveOptions,        // 7 trigger, with the IVC options
+    SaveAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
     nullptr,                    // 11 Ic(H)
@@ -60,10 +64,10 @@ OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     nullptr,                    // 16 waveform general
     nullptr,                    // 17 generator
     nullptr,                    // 18 V(time)
-    nullptr,                    // 19 AutoZero
+    SaveAutoZeroOptions,        // 19 AutoZero
     nullptr,                    // 20 printing options
     nullptr,                    // 21 page setup
-    nullptr,                    // 22 AutoZero again
+    SaveAutoZeroOptions,        // 22 AutoZero again
     nullptr,                    // 23 Ic, Rn, Ie, Vc table
 };
 

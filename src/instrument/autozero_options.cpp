@@ -1,0 +1,54 @@
+#include "instrument/autozero.h"
+
+#include "platform/host.h"
+#include "ui/setup_table.h"
+
+#include <cstdint>
+
+std::uint32_t AutoZeroExtraAveraging = 10;
+std::int32_t ShowAutoZeroWarning = 0;
+std::int32_t AutoZero_IgnoreTSensor = 0;
+std::int32_t AutoZero_Do4CurrentMon = 0;
+std::int32_t AutoZero_RedoOnDoIt = 0;
+
+const char kAutoZeroRedoNote[] =
+    "1. Except for T-sensor voltage.\n2. Does not show AutoZero warning.";
+
+namespace {
+
+// Controls of the "AutoZero Options" layout.
+enum : int {
+    ID_EXTRA_AVERAGING = 101,
+    ID_SHOW_WARNING = 102,
+    ID_IGNORE_TSENSOR = 103,
+    ID_CURRENT_MONITORS = 104,
+    ID_REDO_ON_DOIT = 105,
+};
+
+const char kSetup[] = "Setup";
+
+SetupRow gRows[] = {
+    SetupUIntRow(ID_EXTRA_AVERAGING, &AutoZeroExtraAveraging, kSetup, "AutoZeroExtraAveraging", 1,
+                 UINT32_MAX),
+    SetupCheckRow(ID_SHOW_WARNING, &ShowAutoZeroWarning, kSetup, "ShowAutoZeroWarning"),
+    SetupCheckRow(ID_IGNORE_TSENSOR, &AutoZero_IgnoreTSensor, kSetup, "AutoZero_IgnoreTSensor"),
+    SetupCheckRow(ID_CURRENT_MONITORS, &AutoZero_Do4CurrentMon, kSetup, "AutoZero_Do4CurrentMon"),
+    SetupCheckRow(ID_REDO_ON_DOIT, &AutoZero_RedoOnDoIt, kSetup, "AutoZero_RedoOnDoIt"),
+};
+
+SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, nullptr, 0, nullptr};
+
+} // namespace
+
+SetupTable* AutoZeroSetupTable() {
+    return &gTable;
+}
+int LoadAutoZeroOptions(const char* fileName) {
+    return LoadOptionTable(&gTable, fileName);
+}
+int SaveAutoZeroOptions(const char* fileName) {
+    return SaveOptionTable(&gTable, fileName);
+}
+int AutoZeroOptionsDialog() {
+    return Host().RunSetupDialog(&gTable, "AutoZero Options");
+}
