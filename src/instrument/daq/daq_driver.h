@@ -24,8 +24,8 @@ struct DaqDriver {
                                  i16* commPath, i16* numSlots);
     // The module query: a 16-bit id, below 1 for an empty slot.
     i16 (*SCXI_Get_Module_Id)(i16 chassis, i16 moduleSlot, i16* moduleId);
-    i16 (*AI_VScale)(i16 slot, i16 channel, i16 gainCode, f64 gainAdjust, f64 offset,
-                     i16 reading, f64* volts);
+    i16 (*AI_VScale)(i16 slot, i16 channel, i16 gainCode, f64 gainAdjust, f64 offset, i16 reading,
+                     f64* volts);
     i16 (*DAQ_VScale)(i16 slot, i16 channel, i16 gainCode, f64 gainAdjust, f64 offset, u32 count,
                       const i16* samples, f64* volts);
     i16 (*AI_Read)(i16 slot, i16 channel, i16 gainCode, i16* reading);
@@ -41,16 +41,18 @@ struct DaqDriver {
     i16 (*Timeout_Config)(i16 slot, i32 ticks);
     i16 (*WFM_Op)(i16 slot, i16 channelCount, const i16* channels, const i16* buffer, u32 count,
                   u32 iterations, f64 rate);
-    i16 (*WFM_Scale)(i16 slot, i16 channel, u32 count, f64 gain, const f64* volts,
-                     i16* readings);
+    i16 (*WFM_Scale)(i16 slot, i16 channel, u32 count, f64 gain, const f64* volts, i16* readings);
     i16 (*WFM_Group_Control)(i16 slot, i16 group, i16 operation);
     i16 (*WFM_Check)(i16 slot, i16 channel, i16* status, u32* pointsDone, u32* iterationsDone);
     // Reports a failed call: status, the text of the call, and a flag.
     i16 (*ErrorHandler)(i16 status, const char* call, i16 flag);
 };
 
-// The installed driver (the simulated instrument unless another was selected).
+// The installed driver (the simulated instrument unless another was selected). Before any is
+// installed it is the driver "none", whose every call fails with status -1.
 const DaqDriver& Daq();
+// Installs a driver; null puts back "none".
+void SetDaqDriver(const DaqDriver* driver);
 // Selects a driver by name; false when there is no such driver. "sim" is the default.
 bool SelectDaqDriver(const char* name);
 // The names of the drivers built into this program, for messages.

@@ -1,0 +1,130 @@
+#include "fake_rack.h"
+
+#include "instrument/daq_cards.h"
+
+#include <cmath>
+
+FakeRack gRack;
+
+namespace {
+
+FakeCard* Find(i16 chassis, i16 slot) {
+    for (FakeCard& c : gRack.cards)
+        if (c.chassis == chassis && c.slot == slot) return &c;
+    return nullptr;
+}
+
+bool AcceptsGain(const FakeCard& c, i16 code) {
+    for (float g : c.gains)
+        if (GainCode(g) == code) return true;
+    return false;
+}
+
+bool OnChannel(const FakeCard& c, i16 channel) {
+    for (auto [first, last] : c.adcChannels)
+        if (channel >= first && channel <= last) return true;
+    return false;
+}
+
+i16 Scale(const FakeCard* c, i16 channel, i16 code, int reading, f64* volts) {
+    if (!c || c->adcBits == 0 || !OnChannel(*c, channel) || !AcceptsGain(*c, code)) return -1;
+    int half = 1 << (c->adcBits - 1);
+    int value = c->adcSigned ? reading : static_cast<u16>(reading) - half;
+    if (value < -half || value >= half) return -1;
+    *volts = value * 10.0 / half;
+    return 0;
+}
+
+i16 Version(u32* v) {
+    *v = gRack.version;
+    return gRack.versionFails ? -1 : 0;
+}
+i16 DeviceInfo(i16 slot, u32 type, u32* value) {
+    FakeCard* c = Find(0, slot);
+    if (!c || type != kDaqInfoDeviceType) return -1;
+    *value = c->id;
+    return 0;
+}
+i16 ChassisInfo(i16 chassis, i16* type, i16* address, i16* commMode, i16* commPath, i16* slots) {
+    if (chassis != gRack.scxiChassis) return -1;
+    *type = 1, *address = gRack.scxiAddress, *commMode = 1, *commPath = 1;
+    *slots = gRack.scxiSlots;
+    return 0;
+}
+i16 ModuleId(i16 chassis, i16 slot, i16* id) {
+    FakeCard* c = Find(chassis, slot);
+    *id = c ? static_cast<i16>(c->id) : 0;
+    return 0;
+}
+i16 AiVScale(i16 slot, i16 channel, i16 code, f64, f64, i16 reading, f64* volts) {
+    FakeCard* c = Find(0, slot);
+    if (c && c->aiVScaleMissing) return kDaqNotSupported;
+    return Scale(c, channel, code, reading, volts);
+}
+i16 DaqVScale(i16 slot, i16 channel, i16 code, f64, f64, u32 count, const i16* samples,
+              f64* volts) {
+    ++gRack.daqVScaleCalls;
+    // The reading rides in the upper half of the first 32-bit sample.
+    if (count != 4) return -1;
+    return Scale(Find(0, slot), channel, code, samples[1], volts);
+}
+i16 AiRead(i16, i16, i16, i16* reading) {
+    *reading = gRack.nextReading;
+    return gRack.aiReadStatus;
+}
+i16 DaqOp(i16, i16, i16, i16* buffer, u32 count, f64) {
+    ++gRack.daqOpCalls;
+    for (u32 i = 0; i < count; ++i)
+        buffer[2 * i] = 0x55, buffer[2 * i + 1] = gRack.nextReading;
+    return gRack.daqOpStatus;
+}
+i16 ScanOp(i16, i16, const i16*, const i16*, i16*, u32, f64, f64) {
+    return -1;
+}
+i16 AoVScale(i16 slot, i16 channel, f64 volts, i16* reading) {
+    FakeCard* c = Find(0, slot);
+    if (!c || channel < 0 || channel >= c->dacChannels) return -1;
+    f64 lsb = 20.0 / (1 << c->dacBits);
+    if (volts < -10.0 || volts > 10.0 - lsb) return -1;
+    int code = static_cast<int>(std::floor((volts + 10.0) / lsb));
+    *reading = static_cast<i16>(c->dacSigned ? code - (1 << (c->dacBits - 1)) : code);
+    return 0;
+}
+i16 AoWrite(i16 slot, i16 channel, i16 reading) {
+    gRack.writes.push_back({0, slot, channel, 0, 0, reading});
+    return gRack.writeStatus;
+}
+i16 ScxiAoWrite(i16 chassis, i16 slot, i16 channel, i16 op, i16 range, f64, i16 reading, i16*) {
+    if (op == 2) {
+        FakeCard* c = Find(chassis, slot);
+        return c && range == 6 && channel < c->dacChannels ? 0 : -1;
+    }
+    gRack.writes.push_back({chassis, slot, channel, op, range, reading});
+    return gRack.writeStatus;
+}
+i16 TimeoutConfig(i16, i32) {
+    return 0;
+}
+i16 WfmOp(i16, i16, const i16*, const i16*, u32, u32, f64) {
+    return -1;
+}
+i16 WfmScale(i16, i16, u32, f64, const f64*, i16*) {
+    return -1;
+}
+i16 WfmGroupControl(i16, i16, i16) {
+    return -1;
+}
+i16 WfmCheck(i16, i16, i16*, u32*, u32*) {
+    return -1;
+}
+i16 ErrorHandler(i16, const char*, i16) {
+    return 0;
+}
+
+} // namespace
+
+const DaqDriver kFakeDriver = {
+    "fake", Version,  DeviceInfo,      ChassisInfo, ModuleId,     AiVScale,    DaqVScale,
+    AiRead, DaqOp,    ScanOp,          AoVScale,    AoWrite,      ScxiAoWrite, TimeoutConfig,
+    WfmOp,  WfmScale, WfmGroupControl, WfmCheck,    ErrorHandler,
+};
