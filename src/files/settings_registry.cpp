@@ -10,6 +10,7 @@
 #include "platform/host.h"
 #include "support/c_locale.h"
 #include "support/debug_check.h"
+#include "ui/plot_options.h"
 
 #include <chrono>
 
@@ -18,7 +19,7 @@ char gIniFileName[4096] = "vtl.ini";
 // Positions are fixed, so that entry i of both lists is the same group and a later group can
 // rely on what an earlier one loaded. Empty places belong to groups not built yet.
 OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
-    nullptr,                    // 0 axes
+    LoadPlotOptions,            // 0 axes
     LoadCurveStyles,            // 1 curve styles
     LoadVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
@@ -45,7 +46,7 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
 };
 
 OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
-    nullptr,                    // 0 axes
+    SavePlotOptions,            // 0 axes
     SaveCurveStyles,            // 1 curve styles
     SaveVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
