@@ -6,9 +6,12 @@
 #include <cstdio>
 #include <cstring>
 
-int RunSettingsVerb(int argc, char** argv);
-
 const CliVerb gCliVerbs[] = {
+    {"cards", RunCardsVerb,
+     "[-daq:NAME] [-simdaq:PATH] detects the cards and prints the hardware report"},
+    {"measure", RunMeasureVerb,
+     "TITLE [-i:vtl.ini] [-o:FILE.dat] [-set:Section/Key=value ...] [-from:B] [-to:B] "
+     "[-step:B] [-both:+] runs a measurement (IVC, ...) and writes its data pair"},
     {"convert", RunConvert,
      "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
      "pair"},
