@@ -69,3 +69,18 @@ void ShowCardsStartupFailure(void* window, int result, const char* programName,
     MessageBoxBeep(window, text, kCardsStartupCaption, MB_OK | MB_ICONSTOP);
     MessageBoxBeep(window, report, kCardsReportCaption, MB_OK | MB_ICONINFORMATION);
 }
+
+int PrintCardsReport(const char* programDirectory, const char* programName, std::FILE* out,
+                     std::FILE* err) {
+    char report[kCardsReportSize];
+    int result = DetectCards(report, sizeof report, programDirectory);
+    if (result == 0) {
+        std::fputs(report, out);
+        return 0;
+    }
+    char message[512];
+    CardsStartupMessage(result, programName, message, sizeof message);
+    std::fprintf(err, "%s:\n%s\n\n%s:\n%s", kCardsStartupCaption, message, kCardsReportCaption,
+                 report);
+    return result;
+}

@@ -5,6 +5,7 @@
 #include "instrument/daq/daq_driver.h"
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -109,3 +110,7 @@ extern const char kCardsReportCaption[];
 int CardsStartupMessage(int result, const char* programName, char* text, size_t size);
 // Shows both boxes through the host.
 void ShowCardsStartupFailure(void* window, int result, const char* programName, const char* report);
+// Detection for the command line: the report to out and 0, or the start-up message and the
+// report to err and DetectCards' result.
+int PrintCardsReport(const char* programDirectory, const char* programName, std::FILE* out,
+                     std::FILE* err);

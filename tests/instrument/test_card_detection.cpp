@@ -284,3 +284,35 @@ TEST_F(CardDetection, NextChannelWrapsToTheFirstRange) {
 }
 
 } // namespace
+
+namespace {
+
+std::string Drain(std::FILE* file) {
+    std::rewind(file);
+    std::string text;
+    for (int c; (c = std::fgetc(file)) != EOF;)
+        text += static_cast<char>(c);
+    std::fclose(file);
+    return text;
+}
+
+TEST_F(CardDetection, PrintedReportGoesToOutOrWithTheMessageToErr) {
+    gRack.cards = {MultifunctionCard()};
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    EXPECT_EQ(PrintCardsReport(dir.Path().c_str(), "vantrel-cli", out, err), 0);
+    EXPECT_EQ(Drain(out).rfind("NI-DAQ version 0612 detected.\nSlot #01: Card-ID:204", 0), 0u);
+    EXPECT_EQ(Drain(err), "");
+    gRack.cards = {OutputCard()};
+    out = std::tmpfile();
+    err = std::tmpfile();
+    EXPECT_EQ(PrintCardsReport(dir.Path().c_str(), "vantrel-cli", out, err), 2);
+    EXPECT_EQ(Drain(out), "");
+    std::string text = Drain(err);
+    EXPECT_EQ(text.rfind("DAC/ADC Initialization Error:\nAt least one DAC", 0), 0u);
+    EXPECT_NE(text.find("[x] no ADCs\nvantrel-cli will show detailed info in the next window and "
+                        "exit.\n\nDetected NIDAQ Cards:\nNI-DAQ version 0612 detected.\n"),
+              std::string::npos);
+}
+
+} // namespace
