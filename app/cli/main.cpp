@@ -6,7 +6,12 @@
 #include <cstdio>
 #include <cstring>
 
+int RunSettingsVerb(int argc, char** argv);
+
 const CliVerb gCliVerbs[] = {
+    {"settings", RunSettingsVerb,
+     "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
+     "them to -o: or prints them"},
     {nullptr, nullptr, nullptr},
 };
 

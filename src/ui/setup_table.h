@@ -80,7 +80,7 @@ void FileToRows(SetupTable* table, const char* fileName);
 void RowsToFile(SetupTable* table, const char* fileName);
 // Frees whatever text blocks are still taken.
 void FreeSetupTextBlocks(SetupTable* table);
-// One row's share of the passes; null when no block can be had.
+// One row's share of the passes. TakeSetupTextBlock gives null when no block can be had.
 void VariableToRow(SetupRow& row);
 char* TakeSetupTextBlock(SetupRow& row);
 void FreeSetupTextBlock(SetupRow& row);

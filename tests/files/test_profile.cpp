@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <clocale>
 
 namespace {
@@ -111,4 +112,19 @@ TEST(Profile, GarbageAndLongLinesLoadWithoutHarm) {
     EXPECT_NE(after.find(std::string(100000, 'x')), std::string::npos);
     EXPECT_NE(after.find("Good=8"), std::string::npos);
     EXPECT_EQ(GetPrivateProfileInt("Setup", "Good", 0, ini.c_str()), 8);
+}
+
+TEST(Profile, TypedReadersTakeQuestionMarkAsMissingAndClampRange) {
+    TempDir dir;
+    std::string ini = dir.File("vtl.ini");
+    WriteWholeFile(ini, "[A]\nq=?\nqs=?12\nneg=-7\nhuge=99999999999999999999\n"
+                        "lead=  3.5e2xyz\nempty=\nsame=1\nSAME=2\n[a]\nsame=3\n");
+    EXPECT_EQ(ReadProfileLong("a", "Q", 4, ini.c_str()), 4);
+    EXPECT_EQ(ReadProfileLong("A", "qs", 4, ini.c_str()), 4);
+    EXPECT_DOUBLE_EQ(ReadProfileDouble("A", "qs", 1.5, ini.c_str()), 1.5);
+    EXPECT_EQ(ReadProfileLong("A", "neg", 0, ini.c_str()), -7);
+    EXPECT_DOUBLE_EQ(ReadProfileDouble("A", "lead", 0, ini.c_str()), 350.0);
+    EXPECT_EQ(GetPrivateProfileInt("A", "huge", 0, ini.c_str()), INT_MAX);
+    EXPECT_EQ(ReadProfileLong("A", "empty", 9, ini.c_str()), 0); // present but empty is not "?"
+    EXPECT_EQ(GetPrivateProfileInt("A", "same", 0, ini.c_str()), 1);
 }

@@ -84,7 +84,8 @@ TEST_F(SetupTableTest, SaveWritesEachKindAndSkipsRowsWithoutKey) {
 }
 
 TEST_F(SetupTableTest, LoadTakesWhatTheFileHasAndKeepsTheRest) {
-    WriteWholeFile(gIniFileName, "[t]\r\na=-3\r\nC=?\r\nd=xyz\r\nF=2\r\nUnused=9\r\nB=4000000000\r\n");
+    WriteWholeFile(gIniFileName,
+                   "[t]\r\na=-3\r\nC=?\r\nd=xyz\r\nF=2\r\nUnused=9\r\nB=4000000000\r\n");
     ASSERT_EQ(LoadOptionTable(&gTable, gIniFileName), 1);
     EXPECT_EQ(gA, -3);
     EXPECT_EQ(gB, 4000000000u); // the file is not range-checked
