@@ -5,10 +5,12 @@
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/virtual_channels.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
 #include "support/debug_check.h"
+#include "ui/plot_options.h"
 
 #include <chrono>
 
@@ -17,14 +19,14 @@ char gIniFileName[4096] = "vtl.ini";
 // Positions are fixed, so that entry i of both lists is the same group and a later group can
 // rely on what an earlier one loaded. Empty places belong to groups not built yet.
 OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
-    nullptr,                    // 0 axes
+    LoadPlotOptions,            // 0 axes
     LoadCurveStyles,            // 1 curve styles
     LoadVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_LoadOptions,         // 5 delays
     GeneralMeasure_LoadOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_LoadOptions,        // 7 trigger, with the IVC options
     LoadAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
@@ -44,14 +46,14 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
 };
 
 OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
-    nullptr,                    // 0 axes
+    SavePlotOptions,            // 0 axes
     SaveCurveStyles,            // 1 curve styles
     SaveVirtualChannels,        // 2 virtual currents and voltages
     nullptr,                    // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_SaveOptions,         // 5 delays
     GeneralMeasure_SaveOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_SaveOptions,        // 7 trigger, with the IVC options
     SaveAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
