@@ -12,3 +12,6 @@ struct CliVerb {
 extern const CliVerb gCliVerbs[];
 
 void PrintCliUsage();
+
+// The verbs.
+int RunConvert(int argc, char** argv);

@@ -9,6 +9,9 @@
 int RunSettingsVerb(int argc, char** argv);
 
 const CliVerb gCliVerbs[] = {
+    {"convert", RunConvert,
+     "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
+     "pair"},
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},

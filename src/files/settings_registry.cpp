@@ -1,6 +1,7 @@
 #include "files/settings_registry.h"
 
 #include "curve/curve_style.h"
+#include "files/data_file_options.h"
 #include "files/profile.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
@@ -22,7 +23,7 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     LoadPlotOptions,            // 0 axes
     LoadCurveStyles,            // 1 curve styles
     LoadVirtualChannels,        // 2 virtual currents and voltages
-    nullptr,                    // 3 data file options
+    LoadDataFileOptions,        // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_LoadOptions,         // 5 delays
     GeneralMeasure_LoadOptions, // 6 general measurement
@@ -49,7 +50,7 @@ OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     SavePlotOptions,            // 0 axes
     SaveCurveStyles,            // 1 curve styles
     SaveVirtualChannels,        // 2 virtual currents and voltages
-    nullptr,                    // 3 data file options
+    SaveDataFileOptions,        // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_SaveOptions,         // 5 delays
     GeneralMeasure_SaveOptions, // 6 general measurement
