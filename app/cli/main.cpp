@@ -7,6 +7,7 @@
 #include <cstring>
 
 int RunSettingsVerb(int argc, char** argv);
+int CliRead(int argc, char** argv);
 
 const CliVerb gCliVerbs[] = {
     {"convert", RunConvert,
@@ -15,6 +16,8 @@ const CliVerb gCliVerbs[] = {
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},
+    {"read", CliRead,
+     "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
     {nullptr, nullptr, nullptr},
 };
 
