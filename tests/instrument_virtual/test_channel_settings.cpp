@@ -105,3 +105,38 @@ TEST(ChannelSettings, AllSettingsRoundTripThroughTheLists) {
     EXPECT_EQ(9u, AveragingArraySize());
     EXPECT_EQ(4u, AutoZeroExtraAveraging);
 }
+
+TEST(ChannelSettings, ShippedWiringMeasuresTheSampleAsItIs) {
+    SimRack rack;
+    const std::string ini = SourcePath("data/vtl.ini");
+    LoadVirtualChannels(ini.c_str());
+    EXPECT_EQ(0, FirstSweep1Current());
+    EXPECT_TRUE(IsCurrentMonitored(0));
+    EXPECT_EQ(1, FirstSweep2Current());
+    EXPECT_EQ(2, FirstTriggerCurrent());
+    EXPECT_EQ(CURRENT_CONSTANT, CurrentChannels[3].kind);
+    EXPECT_EQ(3, ListSignalVoltages());
+    EXPECT_EQ(3, FirstTSensorVoltage());
+    // What the file says is what the rack has: nothing needed repair.
+    for (auto& c : CurrentChannels)
+        EXPECT_EQ(0u, ValidateCurrentChannel(c) & ~4u);
+    for (auto& v : VoltageChannels)
+        EXPECT_EQ(0u, ValidateVoltageChannel(v));
+    InitDacState();
+    SetCurrent(32768 + 16384, 0);
+    EXPECT_NEAR(5.0 / SimDaqConfig().biasResistor, GetCurrent(0), 5e-6);
+    SetCurrent(32768 + 5000, 0); // 153 uA
+    EXPECT_GT(GetVoltage(0).volts, 1e-4); // J1 above its critical current
+}
+
+TEST(ChannelSettings, CommandLineReadPrintsEveryConnectedChannel) {
+    ProcessResult r = RunCli(
+        {"read", "-i:" + SourcePath("data/vtl.ini"), "-simdaq:" + SourcePath("data/simdaq.ini")});
+    ASSERT_EQ(0, r.exitCode) << r.err;
+    EXPECT_NE(std::string::npos, r.out.find("V[  0] Positive      J1"));
+    EXPECT_NE(std::string::npos, r.out.find("V[  3] T-sensor      Thermometer"));
+    EXPECT_NE(std::string::npos, r.out.find("I[  3] Constant      Heater current"));
+    EXPECT_NE(std::string::npos, r.out.find(" nA\n")); // the bias monitor's offset
+    ProcessResult bad = RunCli({"read", "-daq:nope"});
+    EXPECT_EQ(2, bad.exitCode);
+}
