@@ -18,6 +18,8 @@ const CliVerb gCliVerbs[] = {
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},
+    {"read", CliRead,
+     "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
     {nullptr, nullptr, nullptr},
 };
 
