@@ -48,7 +48,9 @@ int LoadSettingsWithOverrides() {
 
 } // namespace
 
-const char* CliHardwareReport() { return gReport; }
+const char* CliHardwareReport() {
+    return gReport;
+}
 
 int CliStartInstrument(bool loadSettings) {
     char driver[64];

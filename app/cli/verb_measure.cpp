@@ -16,7 +16,9 @@
 namespace {
 
 // Ctrl-C asks for a stop as the Stop button does: the run ends cleanly and keeps its data.
-void OnInterrupt(int) { fAbortRequested = 1; }
+void OnInterrupt(int) {
+    fAbortRequested = 1;
+}
 
 void ListTitles() {
     std::fprintf(stderr, "measurements:");
@@ -73,8 +75,7 @@ int RunMeasureVerb(int, char**) {
         std::fprintf(stderr, "vantrel-cli: %s measured nothing\n", title);
         return 1;
     }
-    std::printf("%s: %u curve(s)%s\n", title, gCurves.count,
-                fAbortRequested ? " (stopped)" : "");
+    std::printf("%s: %u curve(s)%s\n", title, gCurves.count, fAbortRequested ? " (stopped)" : "");
     for (unsigned c = 0; c < gCurves.count; ++c)
         std::printf("  %-32s %u points\n", gCurves.GetCurve(c).GetName(),
                     gCurves.GetCurve(c).count);

@@ -46,7 +46,7 @@ SetupRow gTriggerRows[] = {
 // The kind of x axis enables the fields that belong to it.
 const int gSweep1Fields[] = {IDC_IVC_XAXIS_SWEEP1, IDC_IVC_XAXIS_FACTOR, IDC_IVC_XAXIS_UNITS};
 const int gAutoFields[] = {IDC_IVC_XAXIS_AUTO, IDC_IVC_XAXIS_FROM, IDC_IVC_XAXIS_STEP,
-                          IDC_IVC_XAXIS_AUTO_UNITS};
+                           IDC_IVC_XAXIS_AUTO_UNITS};
 const Dependency gIVCxAxisDependencies[] = {{0, 2, gSweep1Fields}, {0, 3, gAutoFields}};
 
 template <size_t N> constexpr unsigned Count(const SetupRow (&)[N]) {
@@ -72,7 +72,9 @@ int Trigger_SaveOptions(const char* fileName) {
     return SaveOptionTable(&gIVCxAxisSetupTable, fileName);
 }
 
-int IVC_OptionsDialog(void*) { return Host().RunSetupDialog(&gIVCSetupTable, "IVC Options"); }
+int IVC_OptionsDialog(void*) {
+    return Host().RunSetupDialog(&gIVCSetupTable, "IVC Options");
+}
 
 int IVC_xAxisDialog(void*) {
     return Host().RunSetupDialog(&gIVCxAxisSetupTable, "IVC x axis");

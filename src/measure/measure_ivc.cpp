@@ -14,8 +14,10 @@
 
 float IVC_GetParamValue(void*, int current, unsigned point) {
     switch (IVC_xAxis_WhatKindOfParam) {
-    case 0: return static_cast<float>(GetCurrent(current) * IVC_xAxis_Factor);
-    case 1: return point * IVC_xAxis_Step + IVC_xAxis_From;
+    case 0:
+        return static_cast<float>(GetCurrent(current) * IVC_xAxis_Factor);
+    case 1:
+        return point * IVC_xAxis_Step + IVC_xAxis_From;
     default:
         VASSERT_MSG(false, "IVC_GetParamValue -- Unknown value of IVC_xAxis_Param");
         return 0.0f;

@@ -11,10 +11,16 @@
 namespace {
 
 // Kept as a menu entry that opens the dialog and ends at once after "&Do It".
-int MeasureKep(void*) { return 1; }
+int MeasureKep(void*) {
+    return 1;
+}
 
-void IVC_Options(void*, void* dlg) { IVC_OptionsDialog(dlg); }
-void IVC_xAxis(void*, void* dlg) { IVC_xAxisDialog(dlg); }
+void IVC_Options(void*, void* dlg) {
+    IVC_OptionsDialog(dlg);
+}
+void IVC_xAxis(void*, void* dlg) {
+    IVC_xAxisDialog(dlg);
+}
 
 } // namespace
 

@@ -67,7 +67,9 @@ bool StartMeasurement(void* dlg, const MeasureParams& params) {
     return true;
 }
 
-bool IsMeasurementRunning() { return gRunning; }
+bool IsMeasurementRunning() {
+    return gRunning;
+}
 
 int WaitMeasurementEnd() {
     std::lock_guard<std::mutex> hold(gThreadLock);
@@ -136,7 +138,9 @@ void ShowProgress(void* dlg, std::uint32_t elapsedMs, std::uint32_t done, std::u
     MeasureDialog().ShowProgress(dlg, percent, text);
 }
 
-void RefreshVoltageReadings(void* dlg) { MeasureDialog().RefreshVoltages(dlg); }
+void RefreshVoltageReadings(void* dlg) {
+    MeasureDialog().RefreshVoltages(dlg);
+}
 
 void ShowVoltageValue(void* dlg, int voltage, double volts, unsigned bits, const char* units) {
     char text[64];

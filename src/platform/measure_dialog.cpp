@@ -6,10 +6,14 @@
 namespace {
 
 void NoPoints(void*, int, const char*) {}
-void HeadlessShowProgress(void*, int percent, const char* text) { Host().Progress(percent, text); }
+void HeadlessShowProgress(void*, int percent, const char* text) {
+    Host().Progress(percent, text);
+}
 void NoRefresh(void*) {}
 void NoVoltage(void*, int, const char*, unsigned) {}
-void HeadlessShowPhase(void*, const char* text) { Host().Progress(-1, text); }
+void HeadlessShowPhase(void*, const char* text) {
+    Host().Progress(-1, text);
+}
 void NoEnd(void*, int) {}
 
 const MeasureDialogCalls gHeadlessCalls = {
@@ -20,7 +24,9 @@ std::atomic<const MeasureDialogCalls*> gCalls{nullptr};
 
 } // namespace
 
-const MeasureDialogCalls& HeadlessMeasureDialog() { return gHeadlessCalls; }
+const MeasureDialogCalls& HeadlessMeasureDialog() {
+    return gHeadlessCalls;
+}
 
 const MeasureDialogCalls& MeasureDialog() {
     const MeasureDialogCalls* calls = gCalls.load(std::memory_order_acquire);

@@ -10,7 +10,8 @@ std::vector<std::uint32_t> Walk(const SweepRange& r) {
     std::vector<std::uint32_t> values;
     SweepIterator it(r);
     std::uint32_t v;
-    for (it.Begin(); it.HasMore(v) && values.size() < 1000; it.Next()) values.push_back(v);
+    for (it.Begin(); it.HasMore(v) && values.size() < 1000; it.Next())
+        values.push_back(v);
     return values;
 }
 } // namespace
