@@ -2,6 +2,7 @@
 // description and the shape of the table. Reader, writer and the dispatch on the extension.
 #pragma once
 #include <cstddef>
+#include <cstdint>
 
 // Results of ReadDataPair and WriteDataPair.
 enum : int {
@@ -22,8 +23,8 @@ struct DataFileLink {
     float* xMax;
     float* yMin;
     float* yMax;
-    int* fSwapXY_Axes;
-    int* fRescalePlotAfterMeasurement;
+    int32_t* fSwapXY_Axes;
+    int32_t* fRescalePlotAfterMeasurement;
     // After a file was opened or saved: title is the new window title, or null when adding.
     // The window repaints with erasing and tells its tool windows.
     void (*Shown)(void* window, const char* title);

@@ -1,12 +1,16 @@
 #include "files/data_file.h"
 
+#include "measure/measure_options.h"
 #include "support/bounded_text.h"
 
 #include <cstring>
 
 char gLastDataFolder[260] = "";
 char gCurrentFileName[260] = "";
-DataFileLink gDataFileLink = {};
+// The view is not linked until the window joins; the two flags are the measurement options.
+DataFileLink gDataFileLink = {
+    nullptr, nullptr, nullptr, nullptr, nullptr, &SwapXY_Axes, &RescalePlotAfterMeasurement,
+    nullptr, nullptr};
 
 int DataIniName(const char* path, char* ini, size_t size) {
     if (!ini || size == 0) return 0;

@@ -1,20 +1,18 @@
 #include "files/data_file_options.h"
 
 #include "files/profile.h"
+#include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
-#include "support/c_locale.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <strings.h>
 
-int fShowOptionsOnSave = 1;
-int fShowOptionsOnLoad = 1;
-int gDelimitterID = 1;
-unsigned gColumnWidth = 12;
-int fSortCurves = 1;
+int32_t fShowOptionsOnSave = 1;
+int32_t fShowOptionsOnLoad = 1;
+int32_t gDelimitterID = 1;
+uint32_t gColumnWidth = 12;
+int32_t fSortCurves = 1;
 char gAutoDataFolder[260] = "";
 
 // Entries with null functions are groups that do not exist yet; each joins by naming its own
@@ -22,7 +20,8 @@ char gAutoDataFolder[260] = "";
 DataFileGroup gDataFileGroups[kDataFileGroupCount] = {
     {"Averaging", "SaveAveragingOptions", "LoadAveragingOptions", STEER_STRAIGHT, 0, 0, nullptr,
      nullptr},
-    {"Delays", "SaveDelayOptions", "LoadDelayOptions", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
+    {"Delays", "SaveDelayOptions", "LoadDelayOptions", STEER_STRAIGHT, 0, 0, Delays_LoadOptions,
+     Delays_SaveOptions},
     {"Virtual currents and voltages", "SaveVirtualIV", "LoadVirtualIV", STEER_STRAIGHT, 0, 0,
      nullptr, nullptr},
     {"I-V family", "SaveIVFOptions", "LoadIVFOptions", STEER_CROSSED, 0, 0, nullptr, nullptr},
@@ -37,7 +36,8 @@ DataFileGroup gDataFileGroups[kDataFileGroupCount] = {
      nullptr},
     {"Thermometer", "SaveTermometerOptions", "LoadTermometerOptions", STEER_STRAIGHT, 0, 0, nullptr,
      nullptr},
-    {"Other", "SaveOtherOptions", "LoadOtherOptions", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
+    {"Other", "SaveOtherOptions", "LoadOtherOptions", STEER_STRAIGHT, 0, 0,
+     GeneralMeasure_LoadOptions, GeneralMeasure_SaveOptions},
     {"Waveform general", "SaveWFMGeneralOptions", "LoadWFMGeneralOptions", STEER_STRAIGHT, 0, 0,
      nullptr, nullptr},
     {"Axes", "SaveAxisOptions", "LoadAxisOptions", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
@@ -49,56 +49,34 @@ namespace {
 
 const char kSection[] = "DataFile";
 
-enum OptionKind { KIND_INT, KIND_UNSIGNED, KIND_TEXT };
-struct OptionKey {
-    const char* key;
-    OptionKind kind;
-    void* variable;
-    size_t size; // of a text
-};
+// Rows in the order of the "Data File Options" layout; the group flags follow, two a group.
+constexpr unsigned kFixedRows = 6;
+SetupRow gDataFileRows[kFixedRows + 2 * kDataFileGroupCount];
 
-const OptionKey kOptionKeys[] = {
-    {"ShowOptionsOnSave", KIND_INT, &fShowOptionsOnSave, 0},
-    {"ShowOptionsOnLoad", KIND_INT, &fShowOptionsOnLoad, 0},
-    {"DelimitterID", KIND_INT, &gDelimitterID, 0},
-    {"ColumnWidth", KIND_UNSIGNED, &gColumnWidth, 0},
-    {"sort", KIND_INT, &fSortCurves, 0},
-    {"AutoDataFolder", KIND_TEXT, gAutoDataFolder, sizeof gAutoDataFolder},
-};
-
-// Integers as the profile reads them: the number at the start, else the old value.
-void SetFromText(const OptionKey& k, const char* text) {
-    if (k.kind == KIND_TEXT) {
-        BoundedCopy(static_cast<char*>(k.variable), text, k.size);
-        return;
-    }
-    char* end = nullptr;
-    long long v = std::strtoll(text, &end, 10);
-    if (end == text) return;
-    if (k.kind == KIND_UNSIGNED)
-        *static_cast<unsigned*>(k.variable) = static_cast<unsigned>(v);
-    else
-        *static_cast<int*>(k.variable) = static_cast<int>(v);
-}
-
-void ValueText(const OptionKey& k, char* text, size_t size) {
-    if (k.kind == KIND_TEXT)
-        BoundedCopy(text, static_cast<const char*>(k.variable), size);
-    else if (k.kind == KIND_UNSIGNED)
-        SnprintfC(text, size, "%u", *static_cast<const unsigned*>(k.variable));
-    else
-        SnprintfC(text, size, "%u", static_cast<unsigned>(*static_cast<const int*>(k.variable)));
-}
-
-int* GroupFlag(const char* key) {
+SetupRow* BuildRows() {
+    SetupRow* r = gDataFileRows;
+    *r++ =
+        SetupCheckRow(IDC_SHOW_OPTIONS_ON_SAVE, &fShowOptionsOnSave, kSection, "ShowOptionsOnSave");
+    *r++ =
+        SetupCheckRow(IDC_SHOW_OPTIONS_ON_LOAD, &fShowOptionsOnLoad, kSection, "ShowOptionsOnLoad");
+    *r++ = SetupRadioRow(IDC_DELIMITER_BLANK, &gDelimitterID, kSection, "DelimitterID");
+    *r++ = SetupUIntRow(IDC_COLUMN_WIDTH, &gColumnWidth, kSection, "ColumnWidth", kMinColumnWidth,
+                        kMaxColumnWidth);
+    *r++ = SetupCheckRow(IDC_SORT_CURVES, &fSortCurves, kSection, "sort");
+    *r++ = SetupTextRow(IDC_AUTO_DATA_FOLDER, gAutoDataFolder, sizeof gAutoDataFolder, kSection,
+                        "AutoDataFolder");
+    int id = IDC_FIRST_GROUP_FLAG;
     for (DataFileGroup& g : gDataFileGroups) {
-        if (strcasecmp(g.saveKey, key) == 0) return &g.fSaveKey;
-        if (strcasecmp(g.loadKey, key) == 0) return &g.fLoadKey;
+        *r++ = SetupCheckRow(id++, &g.fSaveKey, kSection, g.saveKey);
+        *r++ = SetupCheckRow(id++, &g.fLoadKey, kSection, g.loadKey);
     }
-    return nullptr;
+    return gDataFileRows;
 }
 
 } // namespace
+
+SetupTable gDataFileSetupTable = {kFixedRows + 2 * kDataFileGroupCount, BuildRows(), nullptr, 0,
+                                  nullptr};
 
 char DataFileDelimiter() {
     static const char kDelimiters[3] = {' ', '\t', ','};
@@ -142,52 +120,32 @@ unsigned SaveDataFileGroups(const char* iniFileName) {
 }
 
 int LoadDataFileOptions(const char* fileName) {
-    ProfileBatch batch(fileName);
-    char text[512];
-    for (const OptionKey& k : kOptionKeys) {
-        char current[512];
-        ValueText(k, current, sizeof current);
-        GetPrivateProfileString(kSection, k.key, current, text, sizeof text, fileName);
-        SetFromText(k, text);
-    }
-    for (DataFileGroup& g : gDataFileGroups) {
-        g.fSaveKey = GetPrivateProfileInt(kSection, g.saveKey, g.fSaveKey, fileName);
-        g.fLoadKey = GetPrivateProfileInt(kSection, g.loadKey, g.fLoadKey, fileName);
-    }
-    return 1;
+    return LoadOptionTable(&gDataFileSetupTable, fileName);
 }
 
 int SaveDataFileOptions(const char* fileName) {
-    ProfileBatch batch(fileName);
-    char text[512];
-    for (const OptionKey& k : kOptionKeys) {
-        ValueText(k, text, sizeof text);
-        WritePrivateProfileString(kSection, k.key, text, fileName);
-    }
-    for (const DataFileGroup& g : gDataFileGroups) {
-        WriteProfileInt(kSection, g.saveKey, "%u", g.fSaveKey, fileName);
-        WriteProfileInt(kSection, g.loadKey, "%u", g.fLoadKey, fileName);
-    }
-    return 1;
+    return SaveOptionTable(&gDataFileSetupTable, fileName);
 }
 
 int SetDataFileOption(const char* key, const char* value) {
-    for (const OptionKey& k : kOptionKeys)
-        if (strcasecmp(k.key, key) == 0) {
-            SetFromText(k, value);
+    for (unsigned i = 0; i < gDataFileSetupTable.rowCount; ++i) {
+        const SetupRow& row = gDataFileSetupTable.rows[i];
+        if (strcasecmp(row.key, key) != 0) continue;
+        if (row.kind == SETUP_TEXT) {
+            BoundedCopy(static_cast<char*>(row.variable), value, row.minimum.size);
             return 1;
         }
-    if (int* flag = GroupFlag(key)) {
-        *flag = std::atoi(value);
+        // As the profile reads an integer: the number at the start, else the old value.
+        char* end = nullptr;
+        long long v = std::strtoll(value, &end, 10);
+        if (end != value) *static_cast<int32_t*>(row.variable) = static_cast<int32_t>(v);
         return 1;
     }
     return 0;
 }
 
 int ShowDataFileOptions() {
-    // The table-driven dialog needs the option table engine; until it is here the options
-    // are used as they stand.
-    return 1;
+    return Host().RunSetupDialog(&gDataFileSetupTable, "Data File Options");
 }
 
 void ResetDataFileOptions() {

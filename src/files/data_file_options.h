@@ -2,13 +2,16 @@
 // folder of the automatic pair, and the flags that carry other option groups into and out of
 // the .ini of a data pair.
 #pragma once
-#include <cstddef>
+#include "ui/setup_table.h"
 
-extern int fShowOptionsOnSave; // open the options dialog before every save
-extern int fShowOptionsOnLoad; // open the options dialog before every load
-extern int gDelimitterID;      // 0 blank, 1 tab, 2 comma
-extern unsigned gColumnWidth;  // characters of one number; significant digits are 4 fewer
-extern int fSortCurves;        // key "sort": longest curve first before saving
+#include <cstddef>
+#include <cstdint>
+
+extern int32_t fShowOptionsOnSave; // open the options dialog before every save
+extern int32_t fShowOptionsOnLoad; // open the options dialog before every load
+extern int32_t gDelimitterID;      // 0 blank, 1 tab, 2 comma
+extern uint32_t gColumnWidth;      // characters of one number; significant digits are 4 fewer
+extern int32_t fSortCurves;        // key "sort": longest curve first before saving
 // Folder of the automatic data pair; empty means "data" beside the settings file.
 extern char gAutoDataFolder[260];
 
@@ -32,8 +35,8 @@ struct DataFileGroup {
     const char* saveKey; // the stored key named Save...
     const char* loadKey; // the stored key named Load...
     DataFileSteering steering;
-    int fSaveKey;
-    int fLoadKey;
+    int32_t fSaveKey;
+    int32_t fLoadKey;
     int (*Load)(const char* fileName);
     int (*Save)(const char* fileName);
 };
@@ -47,10 +50,26 @@ bool DataFileGroupLoads(const DataFileGroup& group);
 unsigned LoadDataFileGroups(const char* iniFileName);
 unsigned SaveDataFileGroups(const char* iniFileName);
 
+// Controls of the dialog layout 1569.
+enum : int {
+    IDC_SHOW_OPTIONS_ON_SAVE = 1570,
+    IDC_SHOW_OPTIONS_ON_LOAD,
+    IDC_DELIMITER_BLANK, // radio group: blank, tab, comma
+    IDC_DELIMITER_TAB,
+    IDC_DELIMITER_COMMA,
+    IDC_COLUMN_WIDTH,
+    IDC_SORT_CURVES,
+    IDC_AUTO_DATA_FOLDER,
+    IDC_FIRST_GROUP_FLAG = 1600, // then the Save and the Load key of each group in turn
+};
+
+// The group as one table: its dialog, and its load and save in vtl.ini.
+extern SetupTable gDataFileSetupTable;
+
 // The group functions of the settings lists (entry 3); both return 1.
 int LoadDataFileOptions(const char* fileName);
 int SaveDataFileOptions(const char* fileName);
-// Sets one "DataFile" key from its text, as the file would; 0 for an unknown key.
+// Sets one "DataFile" key from its text, as loading it would; 0 for an unknown key.
 int SetDataFileOption(const char* key, const char* value);
 // The "Data File Options" dialog over the installed host; 1 for OK.
 int ShowDataFileOptions();

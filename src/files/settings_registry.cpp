@@ -1,10 +1,12 @@
 #include "files/settings_registry.h"
 
 #include "curve/curve_style.h"
+#include "files/data_file_options.h"
 #include "files/profile.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/virtual_channels.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
@@ -21,11 +23,11 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     LoadPlotOptions,            // 0 axes
     LoadCurveStyles,            // 1 curve styles
     LoadVirtualChannels,        // 2 virtual currents and voltages
-    nullptr,                    // 3 data file options
+    LoadDataFileOptions,        // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_LoadOptions,         // 5 delays
     GeneralMeasure_LoadOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_LoadOptions,        // 7 trigger, with the IVC options
     LoadAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs
@@ -48,11 +50,11 @@ OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     SavePlotOptions,            // 0 axes
     SaveCurveStyles,            // 1 curve styles
     SaveVirtualChannels,        // 2 virtual currents and voltages
-    nullptr,                    // 3 data file options
+    SaveDataFileOptions,        // 3 data file options
     nullptr,                    // 4 mathematics
     Delays_SaveOptions,         // 5 delays
     GeneralMeasure_SaveOptions, // 6 general measurement
-    nullptr,                    // 7 trigger
+    Trigger_SaveOptions,        // 7 trigger, with the IVC options
     SaveAveragingOptions,       // 8 averaging
     nullptr,                    // 9 thermometer
     nullptr,                    // 10 waveform programs

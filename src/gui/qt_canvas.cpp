@@ -7,8 +7,6 @@
 #include <QPen>
 #include <QRect>
 
-#include <string>
-
 namespace {
 
 QtCanvasState& State(void* context) {
@@ -70,7 +68,6 @@ void SetFont(void* context, const CanvasFont& font) {
     f.setItalic(font.italic != 0);
     f.setUnderline(font.underline != 0);
     f.setStrikeOut(font.strikeOut != 0);
-    s.font = f;
     s.painter->setFont(f);
 }
 
@@ -80,8 +77,9 @@ void SetTextColor(void* context, CanvasColor color) {
 
 int CharWidth(void* context, char c) {
     QtCanvasState& s = State(context);
+    const char text[2] = {c, '\0'};
     return QFontMetrics(s.painter->font(), s.painter->device())
-        .horizontalAdvance(TextFromStored(std::string(1, c).c_str()));
+        .horizontalAdvance(TextFromStored(text));
 }
 
 void DrawText(void* context, const char* text, const CanvasRect& box, unsigned flags) {

@@ -3,7 +3,6 @@
 #pragma once
 #include "ui/plot_canvas.h"
 
-#include <QFont>
 #include <QPoint>
 #include <QString>
 #include <QVector>
@@ -15,7 +14,6 @@ struct QtCanvasState {
     QPainter* painter = nullptr;
     QPoint current;           // the current point of MoveTo and LineTo
     QVector<QPoint> polyline; // reused between Polyline calls
-    QFont font;
     CanvasColor textColor = 0;
 };
 

@@ -16,10 +16,14 @@ class DataFileTest : public ::testing::Test {
     void SetUp() override {
         HeadlessReset();
         ResetDataFileOptions();
+        savedLink = gDataFileLink;
         gDataFileLink = {};
         gCurves.Reset();
     }
-    void TearDown() override { gCurves.Reset(); }
+    void TearDown() override {
+        gCurves.Reset();
+        gDataFileLink = savedLink;
+    }
 
     // Curves of the given lengths named "c<i>", point k of curve i at (k + i/4, -k * 1.5e-3).
     static void Fill(const std::vector<unsigned>& lengths) {
@@ -39,4 +43,5 @@ class DataFileTest : public ::testing::Test {
     }
 
     TempDir dir;
+    DataFileLink savedLink{};
 };

@@ -1,6 +1,8 @@
 #include "data_file_fixture.h"
 #include "files/data_file_auto.h"
 #include "files/profile.h"
+#include "files/settings_registry.h"
+#include "measure/measure_options.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -95,7 +97,7 @@ TEST_F(DataFileTest, OptionsTravelThroughSectionDataFile) {
 }
 
 TEST_F(DataFileTest, SetupKeysAreWrittenAndOnlyTheTwoFlagsRead) {
-    int scaleAuto = 0, swap = 1, rescale = 0;
+    int32_t scaleAuto = 0, swap = 1, rescale = 0;
     float xMin = -1, xMax = 2, yMin = 3, yMax = 4;
     gDataFileLink = {&scaleAuto, &xMin, &xMax, &yMin, &yMax, &swap, &rescale, nullptr, nullptr};
     Fill({1});
@@ -125,4 +127,23 @@ TEST_F(DataFileTest, AutomaticPairNeverOverwrites) {
     EXPECT_EQ(std::string(first).rfind(dir.File("data/IVC_ a_b_"), 0), 0u) << first;
     EXPECT_EQ(ReadWholeFile(first), firstText);
     EXPECT_TRUE(HeadlessBoxes().empty());
+}
+
+TEST_F(DataFileTest, ExistingGroupsTravelInTheDataIniAndTheGroupSitsAtEntry3) {
+    EXPECT_EQ(LoadOptionsFnsList[3], LoadDataFileOptions);
+    EXPECT_EQ(SaveOptionsFnsList[3], SaveDataFileOptions);
+    uint32_t old = MaxDACStep;
+    MaxDACStep = 77;
+    SetDataFileOption("SaveDelayOptions", "1");
+    Fill({1});
+    std::string dat = dir.File("g.dat");
+    ASSERT_EQ(WriteDataPair(dat.c_str()), 0);
+    EXPECT_EQ(GetPrivateProfileInt("Measure", "MaxDACStep", 0, dir.File("g.ini").c_str()), 77);
+    MaxDACStep = 5;
+    ASSERT_EQ(ReadDataPair(dat.c_str(), 0), 0);
+    EXPECT_EQ(MaxDACStep, 5u); // loading is steered by its own key
+    SetDataFileOption("LoadDelayOptions", "1");
+    ASSERT_EQ(ReadDataPair(dat.c_str(), 0), 0);
+    EXPECT_EQ(MaxDACStep, 77u);
+    MaxDACStep = old;
 }

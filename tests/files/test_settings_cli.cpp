@@ -18,7 +18,9 @@ TEST(SettingsVerb, PrintsWithoutAnOutputFileAndFailsOnAnUnwritableOne) {
     TempDir dir;
     ProcessResult r = RunCli({"settings", "-i:" + dir.File("missing.ini")});
     ASSERT_EQ(r.exitCode, 0) << r.err;
-    EXPECT_EQ(r.out.rfind("[Graphics]\r\nCurveColor[0]=0,0,0,0,1\r\n", 0), 0u);
+    EXPECT_EQ(r.out.rfind("[Setup]\r\nGridX=10\r\n", 0), 0u);
+    EXPECT_NE(r.out.find("[Graphics]\r\nOptimizeGrid=0\r\nCurveColor[0]=0,0,0,0,1\r\n"),
+              std::string::npos);
     EXPECT_NE(r.out.find("[Measure]\r\nDelayAfterJumpToStart=0\r\n"), std::string::npos);
     r = RunCli({"settings", "-i:" + dir.File("missing.ini"), "-o:" + dir.File("no/such.ini")});
     EXPECT_EQ(r.exitCode, 1);

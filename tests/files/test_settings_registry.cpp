@@ -4,6 +4,7 @@
 #include "files/settings_registry.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
+#include "ui/plot_options.h"
 
 #include <gtest/gtest.h>
 
@@ -129,20 +130,24 @@ TEST(SettingsRegistry, RoundTripGivesTheSameVariablesAndTheSameFile) {
 }
 
 TEST(SettingsRegistry, WalkSkipsEmptyPlacesAndChecksThePairs) {
-    ASSERT_EQ(LoadOptionsFnsList[0], nullptr);
+    EXPECT_EQ(LoadOptionsFnsList[0], &LoadPlotOptions);
     EXPECT_EQ(LoadOptionsFnsList[1], &LoadCurveStyles);
     EXPECT_EQ(SaveOptionsFnsList[5], &Delays_SaveOptions);
     EXPECT_EQ(LoadOptionsFnsList[6], &GeneralMeasure_LoadOptions);
     TempDir dir;
     gCounted = 0;
-    LoadOptionsFnsList[0] = SaveOptionsFnsList[0] = CountingFn;
+    unsigned spare = 0;
+    while (spare < kOptionsFnsCount && (LoadOptionsFnsList[spare] || SaveOptionsFnsList[spare]))
+        ++spare;
+    ASSERT_LT(spare, kOptionsFnsCount);
+    LoadOptionsFnsList[spare] = SaveOptionsFnsList[spare] = CountingFn;
     {
         AssertCapture capture;
         LoadAllSettings(dir.File("vtl.ini").c_str());
         ASSERT_EQ(capture.Count(), 1);
         EXPECT_EQ(capture.Messages()[0], "LoadOptionsFnsList[i]!=SaveOptionsFnsList[i]");
     }
-    LoadOptionsFnsList[0] = SaveOptionsFnsList[0] = nullptr;
+    LoadOptionsFnsList[spare] = SaveOptionsFnsList[spare] = nullptr;
     EXPECT_EQ(gCounted, 1);
 }
 

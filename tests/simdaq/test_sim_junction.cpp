@@ -1,19 +1,161 @@
-#include "instrument/daq/sim_driver.h"
+#include "sim_rig.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <vector>
 
-// Retrapping current of the RCSJ model against its known values.
+namespace {
+
+// The bias line of the default wiring: card 1 output 0 through 10 kOhm; J1 on input 0, gain
+// 1000. One 16-bit step is 20 V / 65536 / 10 kOhm.
+constexpr double kBiasResistor = 1e4;
+constexpr double kDacStep = 20.0 / 65536 / kBiasResistor;
+
+void SetBiasReading(int reading) {
+    gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(reading));
+}
+double BiasOf(int reading) {
+    return reading * kDacStep;
+}
+double J1Volts() {
+    return ReadVolts(1, 0, 10) / 1000;
+}
+
+struct Sweep {
+    double up = -1;   // first bias with a voltage on the way up
+    double down = -1; // last bias with a voltage on the way down
+    bool fVoltageAboveDown = true;
+};
+
+// Up in single DAC steps until J1 switches, on to `top` times that, then down again.
+Sweep RampJ1(double top, double threshold) {
+    Sweep s;
+    int r = 0;
+    double zero = J1Volts();
+    for (; r < 32767; ++r) {
+        SetBiasReading(r);
+        if (J1Volts() - zero > threshold) break;
+    }
+    s.up = BiasOf(r);
+    int high = std::min(32767, static_cast<int>(r * top));
+    for (; r <= high; ++r)
+        SetBiasReading(r);
+    for (r = high; r >= 0; --r) {
+        SetBiasReading(r);
+        if (J1Volts() - zero <= threshold) break;
+        s.down = BiasOf(r);
+    }
+    return s;
+}
+
+} // namespace
+
 TEST(SimJunction, RetrapRatioFollowsRcsj) {
     EXPECT_DOUBLE_EQ(SimDaqRetrapRatio(0.0), 1.0);
     EXPECT_DOUBLE_EQ(SimDaqRetrapRatio(0.5), 1.0);
-    EXPECT_NEAR(SimDaqRetrapRatio(2.0), 0.790, 0.015);
-    EXPECT_NEAR(SimDaqRetrapRatio(10.0), 0.393, 0.01);
+    EXPECT_NEAR(SimDaqRetrapRatio(1.0), 0.964, 0.01);
+    EXPECT_NEAR(SimDaqRetrapRatio(5.0), 0.541, 0.01);
+    EXPECT_NEAR(SimDaqRetrapRatio(100.0), 0.127, 0.005);
 }
 
-TEST(SimJunction, RetrapRatioPrint) {
-    for (double b : {0.7, 0.8, 1.0, 2.0, 5.0, 10.0, 20.0, 100.0})
-        printf("beta %g Ir %.4f  v(1.5)=%.4f v(3)=%.4f\n", b, SimDaqRetrapRatio(b),
-               SimDaqRunningVoltage(b, 1.5), SimDaqRunningVoltage(b, 3));
+TEST(SimJunction, OverdampedBranchIsSqrt) {
+    for (double i : {1.05, 1.5, 3.0, 10.0, 40.0})
+        EXPECT_NEAR(SimDaqRunningVoltage(0, i), std::sqrt(i * i - 1), 1e-3 * i) << i;
+}
+
+TEST(SimJunction, SwitchesAtIcWithoutHysteresis) {
+    TempDir dir;
+    LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=0\n");
+    double ic = SimDaqSampleState().j1.ic;
+    ASSERT_GT(ic, 5e-5);
+    Sweep s = RampJ1(1.3, 2e-6);
+    EXPECT_NEAR(s.up, ic, 0.01 * ic + kDacStep);
+    EXPECT_NEAR(s.down, ic, 0.01 * ic + kDacStep);
+}
+
+class SimHysteresis : public ::testing::TestWithParam<std::pair<double, double>> {};
+
+TEST_P(SimHysteresis, RetrapsAtRcsjCurrentNotBefore) {
+    auto [beta, ratio] = GetParam();
+    TempDir dir;
+    LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=" + std::to_string(beta) + "\nIe=0\n");
+    SimSampleState st = SimDaqSampleState();
+    Sweep s = RampJ1(1.2, 2e-6);
+    EXPECT_NEAR(s.up, st.j1.ic, 0.01 * st.j1.ic + kDacStep);
+    EXPECT_NEAR(s.down / st.j1.ic, ratio, 0.02);
+    EXPECT_NEAR(s.down, st.j1.ir, kDacStep * 1.5);
+    EXPECT_FALSE(SimDaqSampleState().j1.fRunning);
+}
+
+INSTANTIATE_TEST_SUITE_P(Beta, SimHysteresis,
+                         ::testing::Values(std::make_pair(2.0, 0.790),
+                                           std::make_pair(10.0, 0.393)));
+
+TEST(SimJunction, HighBiasGivesRnAndExcessCurrent) {
+    TempDir dir;
+    LoadSim(dir, "[J1]\nIc=2e-5\nRn=10\nIe=5e-6\n[Inputs]\nJ1Gain=500\n");
+    SimSampleState st = SimDaqSampleState();
+    // Least squares of V against I from 25 to 50 Ic.
+    double sx = 0, sy = 0, sxx = 0, sxy = 0;
+    int n = 0;
+    for (int r = 16384; r <= 32767; r += 256) {
+        SetBiasReading(r);
+        double x = BiasOf(r), y = ReadVolts(1, 0) / 500;
+        sx += x, sy += y, sxx += x * x, sxy += x * y, ++n;
+    }
+    double slope = (n * sxy - sx * sy) / (n * sxx - sx * sx);
+    double intercept = (sy - slope * sx) / n;
+    double offset = 0.0021 / 500 + 3e-6;
+    EXPECT_NEAR(slope, 10.0, 0.1);
+    EXPECT_NEAR(-(intercept - offset) / slope, st.j1.ie, 0.05 * st.j1.ic);
+    EXPECT_GT(st.j1.ie, 4e-6);
+}
+
+TEST(SimJunction, ThermoEmfDoesNotReverseWithTheCurrent) {
+    TempDir dir;
+    LoadSim(dir, "");
+    double ic = SimDaqSampleState().j1.ic;
+    double plus[2], minus[2];
+    for (int k = 0; k < 2; ++k) {
+        double bias = (k == 0 ? 0.5 : 3.0) * ic * kBiasResistor;
+        WriteVolts(1, 0, bias);
+        plus[k] = ReadVolts(1, 0);
+        WriteVolts(1, 0, -bias);
+        minus[k] = ReadVolts(1, 0);
+    }
+    double zeroLevel = 1000 * 3e-6 + 0.0021;
+    EXPECT_NEAR(plus[0], zeroLevel, 1e-3);
+    EXPECT_NEAR(minus[0], zeroLevel, 1e-3);
+    EXPECT_NEAR((plus[1] + minus[1]) / 2, zeroLevel, 1e-3);
+    EXPECT_GT(plus[1] - minus[1], 2 * 1000 * ic * 10 * 2);
+}
+
+// Ic against coil current: largest at the field offset, zero at offset + n H0.
+TEST(SimJunction, FraunhoferPatternOfTheCoil) {
+    TempDir dir;
+    LoadSim(dir, "[Field]\nOffset=0.0003\n[J1]\nH0=0.002\nIe=0\n");
+    std::vector<double> coil, ic;
+    for (int k = -45; k <= 45; ++k) {
+        double amps = k * 1e-4;
+        WriteVolts(1, 1, amps * 1000);
+        SetBiasReading(0);
+        double zero = J1Volts();
+        int r = 0;
+        while (r < 32767 && J1Volts() - zero < 2e-6)
+            SetBiasReading(r += 8);
+        coil.push_back(amps);
+        ic.push_back(BiasOf(r));
+    }
+    size_t best = 0;
+    for (size_t k = 0; k < ic.size(); ++k)
+        if (ic[k] > ic[best]) best = k;
+    EXPECT_NEAR(coil[best], 0.0003, 1.5e-4);
+    for (double node : {-0.0037, -0.0017, 0.0023})
+        for (size_t k = 0; k < coil.size(); ++k)
+            if (std::fabs(coil[k] - node) < 5e-5) {
+                EXPECT_LT(ic[k], 0.03 * ic[best]) << node;
+                EXPECT_LT(ic[k], ic[k - 1]);
+                EXPECT_LT(ic[k], ic[k + 1]);
+            }
 }

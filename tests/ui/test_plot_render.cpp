@@ -69,47 +69,24 @@ class PlotRender : public ::testing::Test {
     ViewScale view_;
 };
 
-TEST(OptimizeRange, RoundsOutwardToWholeSteps) {
-    double low = 0, high = 10;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, 0);
-    EXPECT_DOUBLE_EQ(high, 10);
-    low = 0, high = 5;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, 0);
-    EXPECT_DOUBLE_EQ(high, 5);
-}
-
-TEST(OptimizeRange, NegativeRangeIsCentredWhenItUsesFewDivisions) {
-    double low = -7, high = -3;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, -7.5);
-    EXPECT_DOUBLE_EQ(high, -2.5);
-}
-
-TEST(OptimizeRange, TakesTheNextStepWhenTheGridFallsShort) {
-    double low = 0.5, high = 10.4;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, -4);
-    EXPECT_DOUBLE_EQ(high, 16);
-}
-
-TEST(OptimizeRange, EqualBoundsStayEqual) {
-    double low = 5, high = 5;
-    OptimizeRange(low, high, 10);
-    EXPECT_EQ(low, 5.0);
-    EXPECT_EQ(high, 5.0);
-}
-
-TEST(OptimizeRange, TinyAndHugeRanges) {
-    double low = 1e-35, high = 3e-35;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, -1e-31);
-    EXPECT_DOUBLE_EQ(high, 1e-31);
-    low = 1e30, high = 3e30;
-    OptimizeRange(low, high, 10);
-    EXPECT_DOUBLE_EQ(low, 1e30);
-    EXPECT_DOUBLE_EQ(high, 3e30);
+TEST(OptimizeRange, EdgeCases) {
+    struct Case {
+        double low, high, wantLow, wantHigh;
+    } cases[] = {
+        {0, 10, 0, 10},
+        {0, 5, 0, 5},
+        {-7, -3, -7.5, -2.5},          // few divisions used: centred
+        {0.5, 10.4, -4, 16},           // the grid from below low falls short: next step up
+        {5, 5, 5, 5},                  // no range: the step floor vanishes in 64 bits
+        {1e-35, 3e-35, -1e-31, 1e-31}, // below the step floor
+        {1e30, 3e30, 1e30, 3e30},
+    };
+    for (const Case& c : cases) {
+        double low = c.low, high = c.high;
+        OptimizeRange(low, high, 10);
+        EXPECT_DOUBLE_EQ(low, c.wantLow) << c.low << " " << c.high;
+        EXPECT_DOUBLE_EQ(high, c.wantHigh) << c.low << " " << c.high;
+    }
 }
 
 TEST_F(PlotRender, ResultsForNothingToDraw) {

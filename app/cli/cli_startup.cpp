@@ -1,0 +1,83 @@
+#include "cli_startup.h"
+#include "files/profile.h"
+#include "files/settings_registry.h"
+#include "instrument/daq/daq_driver.h"
+#include "instrument/daq/sim_driver.h"
+#include "instrument/daq_cards.h"
+#include "instrument/virtual_channels.h"
+#include "support/cmdline.h"
+#include "support/program_folder.h"
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+char gReport[kCardsReportSize];
+
+// -set:Section/Key=value switches go into a private copy of the settings file, which is then
+// loaded, so the user's file is never changed by a run.
+int LoadSettingsWithOverrides() {
+    char text[1024];
+    std::string copy;
+    for (int at = FindSwitchAfter(0, "set:", text, sizeof text); at;
+         at = FindSwitchAfter(at, "set:", text, sizeof text)) {
+        char* slash = std::strchr(text, '/');
+        char* equals = slash ? std::strchr(slash, '=') : nullptr;
+        if (!slash || !equals) {
+            std::fprintf(stderr, "vantrel-cli: -set:%s is not Section/Key=value\n", text);
+            return 2;
+        }
+        *slash = '\0';
+        *equals = '\0';
+        if (copy.empty()) {
+            copy = std::string(gIniFileName) + ".run" + std::to_string(getpid());
+            std::ifstream in(gIniFileName, std::ios::binary);
+            std::ofstream out(copy, std::ios::binary | std::ios::trunc);
+            out << in.rdbuf();
+        }
+        WritePrivateProfileString(text, slash + 1, equals + 1, copy.c_str());
+    }
+    LoadAllSettings(copy.empty() ? gIniFileName : copy.c_str());
+    if (!copy.empty()) std::remove(copy.c_str());
+    return 0;
+}
+
+} // namespace
+
+const char* CliHardwareReport() {
+    return gReport;
+}
+
+int CliStartInstrument(bool loadSettings) {
+    char driver[64];
+    SwitchString("daq:", "sim", driver, sizeof driver);
+    if (!SelectDaqDriver(driver)) {
+        std::fprintf(stderr, "vantrel-cli: no driver '%s' (drivers: %s)\n", driver,
+                     DaqDriverNames());
+        return 2;
+    }
+    char simPath[4096];
+    std::snprintf(simPath, sizeof simPath, "%ssimdaq.ini", ProgramDirectory());
+    SwitchString("simdaq:", simPath, simPath, sizeof simPath);
+    SimDaqSetPath(simPath);
+
+    int result = DetectCards(gReport, sizeof gReport, ProgramDirectory());
+    if (result != 0) {
+        char message[512];
+        CardsStartupMessage(result, "vantrel-cli", message, sizeof message);
+        std::fprintf(stderr, "%s:\n%s\n\n%s:\n%s", kCardsStartupCaption, message,
+                     kCardsReportCaption, gReport);
+        return result;
+    }
+    InitDacState();
+    if (!loadSettings) return 0;
+
+    char ini[4096];
+    std::snprintf(ini, sizeof ini, "%svtl.ini", ProgramDirectory());
+    SwitchString("i:", ini, gIniFileName, sizeof gIniFileName);
+    return LoadSettingsWithOverrides();
+}

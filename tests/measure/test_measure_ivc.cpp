@@ -1,0 +1,243 @@
+// V(I) runs on the simulated sample, wired by the shipped settings file.
+#include "common/test_support.h"
+#include "curve/undo.h"
+#include "files/settings_registry.h"
+#include "instrument/daq/daq_driver.h"
+#include "instrument/daq/sim_driver.h"
+#include "instrument/daq_cards.h"
+#include "instrument/virtual_channels.h"
+#include "measure/measure_ivc.h"
+#include "measure/measure_options.h"
+#include "measure/measure_run.h"
+#include "platform/headless_host.h"
+#include "platform/measure_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+// Stops the run when the points field shows point gStopAt (the refresh comes every point
+// with InteractionTime 0), so the stop is seen at the end of that point.
+std::uint32_t gStopAt = 0;
+std::vector<std::uint32_t> gShownPoints;
+
+void StopAtPoint(void*, int which, const char* text) {
+    unsigned n = 0, total = 0;
+    std::sscanf(text, "%u/%u", &n, &total);
+    gShownPoints.push_back(n);
+    if (which == 1 && gStopAt && n == gStopAt) fAbortRequested = 1;
+}
+void NoRefresh(void*) {}
+void NoProgress(void*, int, const char*) {}
+void NoVoltage(void*, int, const char*, unsigned) {}
+void NoPhase(void*, const char*) {}
+int gEnded = -1;
+void Ended(void*, int result) {
+    gEnded = result;
+}
+
+const MeasureDialogCalls gStopper = {StopAtPoint, NoProgress, NoRefresh, NoRefresh,
+                                     NoVoltage,   NoPhase,    Ended};
+
+class MeasureIvcTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        std::string sim = dir_.File("simdaq.ini");
+        WriteWholeFile(sim, "[Clock]\nMode=step\n[Noise]\nSeed=7\n");
+        ASSERT_TRUE(SimDaqLoad(sim.c_str()));
+        SetDaqDriver(&gSimDaqDriver);
+        char report[kCardsReportSize];
+        ASSERT_EQ(0, DetectCards(report, sizeof report, dir_.Path().c_str())) << report;
+        InitDacState();
+        ini_ = dir_.File("vtl.ini");
+        WriteWholeFile(ini_, ReadWholeFile(SourcePath("data/vtl.ini")));
+        LoadAllSettings(ini_.c_str());
+        savedInteraction_ = InteractionTime;
+        InteractionTime = 0;
+        SystemDecayTime = DelayAfterJumpToStart = 0;
+        CurrentMesureMethod = 0;
+        IVC_Trigger = 0;
+        IVC_xAxis_WhatKindOfParam = 0;
+        gStopAt = 0;
+        gShownPoints.clear();
+        gEnded = -1;
+        SetMeasureDialog(&gStopper);
+        gCurves.Reset();
+        gUndoCurves.Reset();
+        MeasureWorkingRange1 = IVC_Range;
+    }
+    void TearDown() override {
+        InteractionTime = savedInteraction_;
+        CurrentMesureMethod = 0;
+        IVC_Trigger = 0;
+        IVC_xAxis_WhatKindOfParam = 0;
+        IVC_xAxis_From = -30.0f;
+        IVC_xAxis_Step = 1.0f;
+        for (auto& c : CurrentChannels)
+            c = CurrentChannel();
+        for (auto& v : VoltageChannels)
+            v = VoltageChannel();
+        SetMeasureDialog(nullptr);
+        SetDaqDriver(nullptr);
+        ResetCards();
+        gCurves.Reset();
+        gUndoCurves.Reset();
+    }
+    int Run() { return RunMeasurement(nullptr, *FindMeasureParams("IVC")); }
+
+    TempDir dir_;
+    std::string ini_;
+    std::uint32_t savedInteraction_ = 500;
+};
+
+} // namespace
+
+TEST_F(MeasureIvcTest, BothDirectionsShowTheHysteresisLoopOfJ1) {
+    MeasureWorkingRange1.from = 32768;
+    MeasureWorkingRange1.to = 32768 + 6144; // 0 to 187.5 microamperes of bias
+    MeasureWorkingRange1.step = 16;
+    MeasureWorkingRange1.bothDirections = 1;
+    ASSERT_EQ(Run(), 1);
+    EXPECT_EQ(gEnded, 1);
+    ASSERT_EQ(gCurves.count, 3u);
+    EXPECT_STREQ(gCurves.GetCurve(0).GetName(), "J1");
+    EXPECT_STREQ(gCurves.name, "IVC");
+    EXPECT_STREQ(gCurves.xUnits, "A");
+    EXPECT_STREQ(gCurves.yUnits, "V");
+    const Curve& j1 = gCurves.GetCurve(0);
+    const std::uint32_t n = SweepPointCount(MeasureWorkingRange1);
+    ASSERT_EQ(j1.count, 2 * n);
+    // The turning value is measured twice in a row.
+    EXPECT_NEAR(j1.GetPoint(n - 1).x, j1.GetPoint(n).x, 1e-6);
+
+    double ic = SimDaqSampleState().j1.ic, ir = SimDaqSampleState().j1.ir;
+    ASSERT_GT(ic, 0);
+    ASSERT_LT(ir, 0.7 * ic);
+    const float threshold = 50e-6f; // far above offsets and noise, far below the gap of the branch
+    float up = 0, down = 0;
+    for (std::uint32_t k = 0; k < n; ++k)
+        if (j1.GetPoint(k).y > threshold) {
+            up = j1.GetPoint(k).x;
+            break;
+        }
+    for (std::uint32_t k = n; k < 2 * n; ++k)
+        if (j1.GetPoint(k).y < threshold) {
+            down = j1.GetPoint(k).x;
+            break;
+        }
+    const double step = 16 * 20.0 / 65536 / 10000; // one sweep step in amperes
+    EXPECT_NEAR(up, ic, 0.01 * ic + 2 * step);
+    EXPECT_NEAR(down, ir, 0.01 * ic + 2 * step);
+    EXPECT_LT(down, 0.7 * up);
+    // The swept current is back where it stood.
+    EXPECT_EQ(DacState[FirstSweep1Current()], 32768u);
+}
+
+TEST_F(MeasureIvcTest, StopEarlyClearsAndLaterKeepsThePointsBefore) {
+    // Something to undo: a family from an earlier run.
+    gCurves.SetCurveCount(1);
+    gCurves.GetCurve(0).SetName("earlier");
+    std::uint32_t before = DacState[FirstSweep1Current()];
+
+    gStopAt = 3;
+    ASSERT_EQ(Run(), 1);
+    EXPECT_EQ(gCurves.count, 0u);
+    ASSERT_EQ(gUndoCurves.count, 1u);
+    EXPECT_STREQ(gUndoCurves.GetCurve(0).GetName(), "earlier");
+    EXPECT_EQ(DacState[FirstSweep1Current()], before);
+    EXPECT_EQ(gPaintedCurves, &gCurves);
+
+    gStopAt = 10;
+    ASSERT_EQ(Run(), 1);
+    ASSERT_EQ(gCurves.count, 3u);
+    for (unsigned c = 0; c < 3; ++c)
+        EXPECT_EQ(gCurves.GetCurve(c).count, 10u);
+    EXPECT_EQ(DacState[FirstSweep1Current()], before);
+    // No sound after a stop; a normal end plays IVC.wav.
+    for (const auto& s : HeadlessSounds())
+        EXPECT_EQ(s.find("IVC.wav"), std::string::npos);
+    gStopAt = 0;
+    MeasureWorkingRange1.step = 4096;
+    ASSERT_EQ(Run(), 1);
+    ASSERT_EQ(HeadlessSounds().size(), 1u);
+    EXPECT_NE(HeadlessSounds()[0].find("IVC.wav"), std::string::npos);
+}
+
+TEST_F(MeasureIvcTest, EdgesModeWritesALinearXAndMirrorsTheReturn) {
+    CurrentMesureMethod = 1;
+    MeasureWorkingRange1.from = 0;
+    MeasureWorkingRange1.to = 65535 - 65535 % 4096; // the sweep passes exactly through to
+    MeasureWorkingRange1.step = 4096;
+    MeasureWorkingRange1.bothDirections = 1;
+    ASSERT_EQ(Run(), 1);
+    const Curve& c = gCurves.GetCurve(1);
+    const std::uint32_t n = SweepPointCount(MeasureWorkingRange1);
+    ASSERT_EQ(c.count, 2 * n);
+    double x0 = c.GetPoint(0).x, dx = c.GetPoint(1).x - x0;
+    ASSERT_NE(dx, 0.0);
+    for (std::uint32_t k = 0; k < n; ++k) {
+        EXPECT_NEAR(c.GetPoint(k).x, x0 + k * dx, 1e-6 * (1 + std::abs(x0))) << k;
+        EXPECT_EQ(c.GetPoint(2 * n - k - 1).x, c.GetPoint(k).x) << k;
+    }
+    // The division is by N: the last forward point lies one interval short of x_end.
+    double xEnd = x0 + n * dx;
+    EXPECT_GT(xEnd, c.GetPoint(n - 1).x);
+}
+
+TEST_F(MeasureIvcTest, AutomaticXAxisAndMissingTriggerAndMissingCurrent) {
+    IVC_xAxis_WhatKindOfParam = 1;
+    IVC_xAxis_From = -30.0f;
+    IVC_xAxis_Step = 0.5f;
+    MeasureWorkingRange1.step = 8192;
+    ASSERT_EQ(Run(), 1);
+    const Curve& c = gCurves.GetCurve(0);
+    for (std::uint32_t k = 0; k < c.count; ++k)
+        EXPECT_FLOAT_EQ(c.GetPoint(k).x, -30.0f + 0.5f * k);
+    EXPECT_STREQ(gCurves.xUnits, "dBm");
+
+    // Without a trigger current a run asked to trigger stops at its first point, emptied.
+    CurrentChannels[FirstTriggerCurrent()].kind = 0;
+    IVC_Trigger = 1;
+    ASSERT_EQ(Run(), 1);
+    EXPECT_EQ(gCurves.count, 0u);
+    auto boxes = HeadlessBoxes();
+    ASSERT_FALSE(boxes.empty());
+    EXPECT_EQ(boxes.back().caption, "IVC Error");
+    EXPECT_EQ(boxes.back().text,
+              "Cannot trigger as requested.\nProbably the trigger current is not defined.");
+
+    // No sweep1 current: nothing starts, result 0, the family stays.
+    IVC_Trigger = 0;
+    gCurves.SetCurveCount(2);
+    CurrentChannels[FirstSweep1Current()].kind = 0;
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(gCurves.count, 2u);
+    EXPECT_EQ(HeadlessBoxes().back().text, "No Sweep1 virtual current found!");
+    EXPECT_EQ(HeadlessBoxes().back().caption, "Can not start measurements");
+}
+
+TEST(MeasureCli, MeasuresTheShippedSampleAndWritesTheDataPair) {
+    TempDir dir;
+    WriteWholeFile(dir.File("simdaq.ini"), "[Clock]\nMode=step\n");
+    WriteWholeFile(dir.File("vtl.ini"), ReadWholeFile(SourcePath("data/vtl.ini")));
+    ProcessResult r =
+        RunCli({"measure", "IVC", "-i:" + dir.File("vtl.ini"), "-simdaq:" + dir.File("simdaq.ini"),
+                "-step:1024", "-o:" + dir.File("run.dat"), "-set:Measure/InteractionTime=0"});
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("IVC: 3 curve(s)"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("J1                               64 points"), std::string::npos) << r.out;
+    std::string dat = ReadWholeFile(dir.File("run.dat"));
+    EXPECT_FALSE(dat.empty());
+    EXPECT_NE(ReadWholeFile(dir.File("run.ini")).find("NameOfCurve0=J1"), std::string::npos);
+    // The automatic pair lands in "data" beside the settings file; the -set: copy is gone and
+    // the user's settings file is unchanged.
+    EXPECT_NE(r.out.find("data: " + dir.File("data/IVC_")), std::string::npos) << r.out;
+    EXPECT_EQ(ReadWholeFile(dir.File("vtl.ini")), ReadWholeFile(SourcePath("data/vtl.ini")));
+
+    r = RunCli({"measure", "NoSuch", "-i:" + dir.File("vtl.ini")});
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find("no measurement \"NoSuch\""), std::string::npos);
+}
