@@ -20,6 +20,10 @@ const CliVerb gCliVerbs[] = {
      "them to -o: or prints them"},
     {"read", CliRead,
      "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
+#ifdef VANTREL_HAVE_GUI
+    {"plot", RunPlotVerb,
+     "FILE.dat -o:FILE.png [-w:W] [-h:H] [-i:vtl.ini]  draws the file's plot into an image"},
+#endif
     {nullptr, nullptr, nullptr},
 };
 
