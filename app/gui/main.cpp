@@ -7,6 +7,9 @@
 #include "ui/startup.h"
 
 #include <QApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QTimer>
 
 #include <new>
 
@@ -24,6 +27,19 @@ int main(int argc, char** argv) {
     NewHandler previous = InstallOutOfMemoryHandler();
     window.show();
     StartupFinish(&window, PostCommandToMainWindow);
+    // -grab:FILE saves the window as the screen shows it once the start is done, then ends:
+    // how the pictures of the documentation are made.
+    char grab[4096];
+    if (FindSwitch("grab:", grab, sizeof grab)) {
+        QTimer::singleShot(1500, &window, [&window, &grab] {
+            QScreen* screen = window.screen();
+            QPixmap shot = screen->grabWindow(window.winId());
+            if (shot.isNull()) shot = window.grab();
+            shot.save(QString::fromLocal8Bit(grab));
+            window.closing = true;
+            QApplication::quit();
+        });
+    }
     int result = app.exec();
     FreeCommandLine();
     std::set_new_handler(previous);

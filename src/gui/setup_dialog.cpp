@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <cstring>
@@ -117,8 +118,14 @@ QtSetupDialog::QtSetupDialog(SetupTable* table, const QString& caption, QWidget*
     : QDialog(parent), table_(table), engine_{&kOps, this} {
     setWindowTitle(caption);
     auto* outer = new QVBoxLayout(this);
-    auto* form = new QFormLayout;
-    outer->addLayout(form);
+    // Long tables scroll rather than run off the screen.
+    auto* scroll = new QScrollArea(this);
+    auto* page = new QWidget(scroll);
+    auto* form = new QFormLayout(page);
+    scroll->setWidget(page);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    outer->addWidget(scroll);
     for (unsigned i = 0; i < table->rowCount; ++i)
         AddRow(form, table->rows[i]);
 

@@ -203,3 +203,24 @@ TEST(MemoryHandler, AsksRetryOrCancelWithTheSize) {
 }
 
 } // namespace
+
+namespace {
+
+TEST(PlotVerb, DrawsADataFileIntoAPng) {
+    TempDir dir;
+    gCurves.Reset();
+    gCurves.SetCurveCount(1);
+    for (int i = 0; i < 50; ++i)
+        gCurves.GetCurve(0).AddPoint(float(i), float(i % 7));
+    ASSERT_EQ(SaveDataFile(nullptr, dir.File("p.dat").c_str()), 0);
+    gCurves.Reset();
+    ProcessResult r =
+        RunCli({"plot", dir.File("p.dat"), "-o:" + dir.File("p.png"), "-w:320", "-h:200"});
+    if (r.err.find("unknown verb") != std::string::npos) GTEST_SKIP() << "built without Qt";
+    EXPECT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_EQ(ReadWholeFile(dir.File("p.png")).substr(0, 4), "\x89PNG");
+    r = RunCli({"plot", dir.File("p.dat")});
+    EXPECT_EQ(r.exitCode, 2);
+}
+
+} // namespace
