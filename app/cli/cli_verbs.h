@@ -15,3 +15,7 @@ void PrintCliUsage();
 
 // The verbs.
 int RunConvert(int argc, char** argv);
+int RunCardsVerb(int argc, char** argv);
+int RunMeasureVerb(int argc, char** argv);
+int RunSettingsVerb(int argc, char** argv);
+int RunReadVerb(int argc, char** argv);

@@ -6,17 +6,19 @@
 #include <cstdio>
 #include <cstring>
 
-int RunSettingsVerb(int argc, char** argv);
-int CliRead(int argc, char** argv);
-
 const CliVerb gCliVerbs[] = {
+    {"cards", RunCardsVerb,
+     "[-daq:NAME] [-simdaq:PATH] detects the cards and prints the hardware report"},
+    {"measure", RunMeasureVerb,
+     "TITLE [-i:vtl.ini] [-o:FILE.dat] [-set:Section/Key=value ...] [-from:B] [-to:B] "
+     "[-step:B] [-both:+] runs a measurement (IVC, ...) and writes its data pair"},
     {"convert", RunConvert,
      "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
      "pair"},
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},
-    {"read", CliRead,
+    {"read", RunReadVerb,
      "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
     {nullptr, nullptr, nullptr},
 };

@@ -22,7 +22,7 @@ void PrintValue(const char* value) {
 
 } // namespace
 
-int CliRead(int argc, char** argv) {
+int RunReadVerb(int argc, char** argv) {
     ParseArgv(argc, argv);
     if (int status = CliStartInstrument(true)) return status;
     // Nothing has been written yet: the start-up zeros are those of the first DAC, which on

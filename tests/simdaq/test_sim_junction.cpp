@@ -66,7 +66,7 @@ TEST(SimJunction, OverdampedBranchIsSqrt) {
 
 TEST(SimJunction, SwitchesAtIcWithoutHysteresis) {
     TempDir dir;
-    LoadSim(dir, "[Field]\nOffset=0\n");
+    LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=0\n");
     double ic = SimDaqSampleState().j1.ic;
     ASSERT_GT(ic, 5e-5);
     Sweep s = RampJ1(1.3, 2e-6);

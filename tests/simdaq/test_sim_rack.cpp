@@ -170,7 +170,7 @@ TEST(SimRack, GarbageFileLoadsWithRepairedValues) {
     EXPECT_EQ(c.cards[0].inputs.size(), 1u);
     EXPECT_EQ(c.j1.ic0, 1e-4);
     EXPECT_EQ(c.j1.rn, 10.0);
-    EXPECT_EQ(c.j1.betaC, 0.0);
+    EXPECT_EQ(c.j1.betaC, 5.0); // the default stands for a value out of range
     EXPECT_EQ(c.j1.ie, 1e-4); // no more than Ic
     EXPECT_EQ(c.bias.channel, -1);
     EXPECT_EQ(c.heater.channel, 0);               // the bias no longer holds 1,0

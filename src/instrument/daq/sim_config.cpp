@@ -344,8 +344,8 @@ SimConfig DefaultSimConfig() {
     c.inputs[kSigThermometer] = {Port(1, 3), 100.0, 0.0005, 0.0};
     c.inputs[kSigMonitor] = {Port(1, 4), 1.0, 0.0003, 0.0};
     c.inputs[kSigTrigger] = {Port(1, 7), 1.0, 0.0, 0.0};
-    c.j1 = {1e-4, 10.0, 0.0, 1e-5, 2e-3};
-    c.j2 = {6e-5, 15.0, 5.0, 0.0, 3e-3};
+    c.j1 = {1e-4, 10.0, 5.0, 1e-5, 2e-3}; // hysteretic: retraps near 0.54 Ic
+    c.j2 = {6e-5, 15.0, 0.0, 0.0, 3e-3}; // overdamped
     return c;
 }
 
