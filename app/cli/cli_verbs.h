@@ -18,4 +18,4 @@ int RunConvert(int argc, char** argv);
 int RunCardsVerb(int argc, char** argv);
 int RunMeasureVerb(int argc, char** argv);
 int RunSettingsVerb(int argc, char** argv);
-int CliRead(int argc, char** argv);
+int RunReadVerb(int argc, char** argv);

@@ -22,12 +22,8 @@ void PrintValue(const char* value) {
 
 } // namespace
 
-int CliRead(int argc, char** argv) {
-    ParseArgv(argc, argv);
+int RunReadVerb(int, char**) {
     if (int status = CliStartInstrument(true)) return status;
-    // Nothing has been written yet: the start-up zeros are those of the first DAC, which on
-    // another card's scale would read back as nonsense.
-    InitDacState();
     char value[64];
     for (int v = 0; v < kVoltageChannelCount; ++v) {
         if (!IsVoltageConnected(v)) continue;
