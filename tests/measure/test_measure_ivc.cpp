@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -240,4 +241,23 @@ TEST(MeasureCli, MeasuresTheShippedSampleAndWritesTheDataPair) {
     r = RunCli({"measure", "NoSuch", "-i:" + dir.File("vtl.ini")});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find("no measurement \"NoSuch\""), std::string::npos);
+}
+
+TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
+    TempDir dir;
+    WriteWholeFile(dir.File("vtl.ini"), ReadWholeFile(SourcePath("data/vtl.ini")));
+    // 1024 points of 20 ms each; the interrupt comes a little after the first progress line.
+    ProcessResult r =
+        RunProcessSignalled({VANTREL_CLI_PATH, "measure", "IVC", "-i:" + dir.File("vtl.ini"),
+                             "-step:64", "-set:Measure/SystemDecayTime=20",
+                             "-set:Measure/InteractionTime=100", "-o:" + dir.File("stopped.dat")},
+                            SIGINT, 300, "%");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("(stopped)"), std::string::npos) << r.out;
+    std::string ini = ReadWholeFile(dir.File("stopped.ini"));
+    size_t at = ini.find("NumberOfPointsInCurve0=");
+    ASSERT_NE(at, std::string::npos);
+    unsigned points = static_cast<unsigned>(std::stoul(ini.substr(at + 23)));
+    EXPECT_GE(points, 5u);
+    EXPECT_LT(points, 1024u);
 }
