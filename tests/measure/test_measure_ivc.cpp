@@ -11,6 +11,7 @@
 #include "measure/measure_run.h"
 #include "platform/headless_host.h"
 #include "platform/measure_dialog.h"
+#include "support/bounded_text.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +62,8 @@ class MeasureIvcTest : public ::testing::Test {
         InitDacState();
         ini_ = dir_.File("vtl.ini");
         CopyShippedSettings(dir_);
-        LoadAllSettings(ini_.c_str());
+        BoundedCopy(gIniFileName, ini_.c_str());
+        LoadAllSettings(gIniFileName);
         savedInteraction_ = InteractionTime;
         InteractionTime = 0;
         SystemDecayTime = DelayAfterJumpToStart = 0;
@@ -141,7 +143,7 @@ TEST_F(MeasureIvcTest, BothDirectionsShowTheHysteresisLoopOfJ1) {
     EXPECT_LT(down, 0.7 * up);
     // The swept current is back where it stood, and nothing needed a message.
     EXPECT_EQ(DacState[FirstSweep1Current()], 32768u);
-    EXPECT_TRUE(HeadlessBoxes().empty());
+    for (const auto& box : HeadlessBoxes()) ADD_FAILURE() << box.caption << ": " << box.text;
 }
 
 TEST_F(MeasureIvcTest, StopEarlyClearsAndLaterKeepsThePointsBefore) {
