@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+int CliRead(int argc, char** argv);
+
 const CliVerb gCliVerbs[] = {
     {"cards", RunCardsVerb,
      "[-daq:NAME] [-simdaq:PATH] detects the cards and prints the hardware report"},
@@ -18,6 +20,8 @@ const CliVerb gCliVerbs[] = {
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},
+    {"read", CliRead,
+     "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
     {nullptr, nullptr, nullptr},
 };
 
