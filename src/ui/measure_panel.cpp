@@ -15,7 +15,7 @@
 int gMeasureAutoZeroBox = 0;
 
 const int kRunDisabledControls[] = {
-    MC_DoIt,  MC_Options,  MC_Generator,    MC_GeneratorMore, MC_Pause, MC_Resume,
+    MC_DoIt,  MC_Options,  MC_Generator,    MC_GeneratorMore, MC_Pause,      MC_Resume,
     MC_Clear, MC_AutoZero, MC_AutoZeroMore, MC_All,           MC_Sweep1Zero,
 };
 const int kRunDisabledCount = sizeof kRunDisabledControls / sizeof kRunDisabledControls[0];
@@ -46,7 +46,8 @@ void OpenRange(MeasurePanel& p, int range) {
         p.sweep[range].setStart = r.from != 0;
         p.sweep[range].setStop = r.to != 65535;
         if (p.view) {
-            p.view->SetCheck(p.viewData, SweepControlId(range, SC_SetStart), p.sweep[range].setStart);
+            p.view->SetCheck(p.viewData, SweepControlId(range, SC_SetStart),
+                             p.sweep[range].setStart);
             p.view->SetCheck(p.viewData, SweepControlId(range, SC_SetStop), p.sweep[range].setStop);
         }
         SweepSymmetric(p, range, r.symmetric);
@@ -110,7 +111,8 @@ void MeasurePanelOpen(MeasurePanel& p, const MeasureParams& params, const Measur
     RefreshCurrentRows(p, -1);
     RefreshVoltageRows(p);
     if (view && !view->StartTimer(viewData, 250))
-        MessageBoxBeep(dialog, "Can not run timer.\nCurrent and voltage readings\nwill not be animated",
+        MessageBoxBeep(dialog,
+                       "Can not run timer.\nCurrent and voltage readings\nwill not be animated",
                        "Error in MeasureDlg_OnInitDialog()", MB_OK | MB_ICONERROR);
 }
 

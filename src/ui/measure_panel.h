@@ -12,40 +12,40 @@
 
 // Controls of the panel, named after their captions.
 enum MeasureControl {
-    MC_DoIt,         // "&Do It"
-    MC_Cancel,       // "Cancel", "Stop" during a run
-    MC_Options,      // "&Options"
-    MC_XAxis,        // "x axis"
-    MC_YAxis,        // "y axis"
-    MC_Generator,    // "&Generator"
+    MC_DoIt,          // "&Do It"
+    MC_Cancel,        // "Cancel", "Stop" during a run
+    MC_Options,       // "&Options"
+    MC_XAxis,         // "x axis"
+    MC_YAxis,         // "y axis"
+    MC_Generator,     // "&Generator"
     MC_GeneratorMore, // its ">>"
-    MC_Pause,        // "paus."
-    MC_Resume,       // "resum"
-    MC_Clear,        // "CLR"
-    MC_AutoZero,     // "Auto&Zero"
-    MC_AutoZeroMore, // its ">>"
-    MC_ShowV,        // "Show &V"
-    MC_ShowIMon,     // "Show &I-Mon"
-    MC_All,          // "&all"
-    MC_Sweep1Zero,   // "&sweep 1"
-    MC_Memory,       // "Memory: %s"
+    MC_Pause,         // "paus."
+    MC_Resume,        // "resum"
+    MC_Clear,         // "CLR"
+    MC_AutoZero,      // "Auto&Zero"
+    MC_AutoZeroMore,  // its ">>"
+    MC_ShowV,         // "Show &V"
+    MC_ShowIMon,      // "Show &I-Mon"
+    MC_All,           // "&all"
+    MC_Sweep1Zero,    // "&sweep 1"
+    MC_Memory,        // "Memory: %s"
     MC_Temperature,
-    MC_Phase,        // the line a run writes its phase into
+    MC_Phase,          // the line a run writes its phase into
     MC_SweepBase = 32, // + kSweepControls * range (0 primary, 1 secondary) + SweepControl
 };
 
 enum SweepControl {
-    SC_SetStart,   // "set start"
-    SC_SetStop,    // "set stop"
-    SC_GoStart,    // "go start"
-    SC_GoStop,     // "go stop"
-    SC_Symmetric,  // "&symmetric"
-    SC_Both,       // "&2 directions"
-    SC_Reset,      // "&reset"
-    SC_Xchange,    // "&Xchange"
-    SC_Step,       // "S&tep", in card bits
-    SC_Points,     // "Points": N, or "n/N" during a run
-    SC_Limits,     // from and to in card bits, shown only
+    SC_SetStart,  // "set start"
+    SC_SetStop,   // "set stop"
+    SC_GoStart,   // "go start"
+    SC_GoStop,    // "go stop"
+    SC_Symmetric, // "&symmetric"
+    SC_Both,      // "&2 directions"
+    SC_Reset,     // "&reset"
+    SC_Xchange,   // "&Xchange"
+    SC_Step,      // "S&tep", in card bits
+    SC_Points,    // "Points": N, or "n/N" during a run
+    SC_Limits,    // from and to in card bits, shown only
     kSweepControls
 };
 
@@ -62,20 +62,20 @@ constexpr std::uint32_t kSliderPositions = 4096;
 constexpr int kStepFieldMin = 1, kStepFieldMax = 1024;
 
 struct CurrentRowView {
-    int current;    // table index, shown on the row button
-    int connected;  // 0: the row shows nothing but its number
-    int group;      // 1 sweep1, 2 sweep2, 0 other: the scroll bar's colour
+    int current;            // table index, shown on the row button
+    int connected;          // 0: the row shows nothing but its number
+    int group;              // 1 sweep1, 2 sweep2, 0 other: the scroll bar's colour
     std::uint32_t position; // slider position, 0 .. kSliderPositions - 1
-    char text[32];  // GetCurrent in "A"
+    char text[32];          // GetCurrent in "A"
 };
 
 struct VoltageRowView {
     int voltage;
     int connected;
-    std::int32_t bits; // indicator bar value
+    std::int32_t bits;              // indicator bar value
     std::uint32_t minimum, maximum; // the card's bits
-    std::uint32_t color; // RGB of the voltage's curve
-    char text[32];       // GetVoltage in "V"; empty when disconnected
+    std::uint32_t color;            // RGB of the voltage's curve
+    char text[32];                  // GetVoltage in "V"; empty when disconnected
 };
 
 // What the panel asks of its window. view is the window's own pointer.
@@ -153,7 +153,8 @@ std::uint32_t LimitedPointCount(SweepRange& range, std::uint32_t growth, std::ui
 void ShowSweep(MeasurePanel& panel, int range);
 
 // --- Memory ------------------------------------------------------------------------------
-double MeasureMemoryBytes(std::uint32_t n1, int both1, std::uint32_t n2, int both2, int signals);
+double MeasureMemoryBytes(std::uint32_t n1, int both1, std::uint32_t n2, int both2,
+                          int signalCount);
 // "Memory: %s", or "Memory: ???" for 0 bytes.
 void MeasureMemoryText(char* text, std::size_t size, double bytes);
 void ShowMemory(MeasurePanel& panel);
@@ -190,8 +191,7 @@ void MeasurePanelDoIt(MeasurePanel& panel, int doIt);
 void MeasurePanelEnded(MeasurePanel& panel, int result);
 void MeasurePanelShowPoints(MeasurePanel& panel, int which, const char* text);
 void MeasurePanelShowProgress(MeasurePanel& panel, int percent, const char* text);
-void MeasurePanelShowVoltage(MeasurePanel& panel, int voltage, const char* text,
-                             unsigned bits);
+void MeasurePanelShowVoltage(MeasurePanel& panel, int voltage, const char* text, unsigned bits);
 // Controls that could reach the cards or the options, disabled during a run.
 extern const int kRunDisabledControls[];
 extern const int kRunDisabledCount;

@@ -29,8 +29,7 @@ CurrentRowView ReadCurrentRow(int c) {
     row.group = GroupOf(c);
     row.position = SliderPositionFromBits(c, DacState[c], kSliderPositions);
     if (row.connected)
-        FormatPhysicalDigits(row.text, sizeof row.text, static_cast<float>(GetCurrent(c)), 4,
-                             "A");
+        FormatPhysicalDigits(row.text, sizeof row.text, static_cast<float>(GetCurrent(c)), 4, "A");
     return row;
 }
 

@@ -203,8 +203,8 @@ void SweepPoints(MeasurePanel& p, int range, std::uint32_t n) {
 }
 
 double MeasureMemoryBytes(std::uint32_t n1, int both1, std::uint32_t n2, int both2,
-                          int signals) {
-    return (n1 * 8.0 * (both1 ? 2 : 1) + 146.0) * n2 * (both2 ? 2 : 1) * signals;
+                          int signalCount) {
+    return (n1 * 8.0 * (both1 ? 2 : 1) + 146.0) * n2 * (both2 ? 2 : 1) * signalCount;
 }
 
 void MeasureMemoryText(char* text, std::size_t size, double bytes) {
@@ -219,10 +219,9 @@ void MeasureMemoryText(char* text, std::size_t size, double bytes) {
 void ShowMemory(MeasurePanel& p) {
     const MeasureParams* params = p.params;
     bool second = params && params->secondary;
-    double bytes = MeasureMemoryBytes(MeasurePointsN1, MeasureWorkingRange1.bothDirections,
-                                      second ? MeasurePointsN2 : 1,
-                                      second ? MeasureWorkingRange2.bothDirections : 0,
-                                      ListSignalVoltages());
+    double bytes = MeasureMemoryBytes(
+        MeasurePointsN1, MeasureWorkingRange1.bothDirections, second ? MeasurePointsN2 : 1,
+        second ? MeasureWorkingRange2.bothDirections : 0, ListSignalVoltages());
     char text[64];
     MeasureMemoryText(text, sizeof text, bytes);
     if (p.view) p.view->SetText(p.viewData, MC_Memory, text);
