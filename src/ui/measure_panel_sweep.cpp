@@ -68,7 +68,10 @@ std::uint32_t LimitedPointCount(SweepRange& r, std::uint32_t growth, std::uint32
 void RecomputePoints(MeasurePanel& p) {
     for (int range = 0; range < 2; ++range) {
         SweepRange& r = WorkingRange(range);
-        if (!r.findCurrent) continue; // a count range: N is what the user typed
+        if (!r.findCurrent) { // a count range: N is what the user typed
+            ShowSweep(p, range);
+            continue;
+        }
         int c = r.findCurrent();
         p.sweep[range].missing = c < 0;
         if (c < 0) {
