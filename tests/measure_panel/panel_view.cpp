@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-const MeasureParams kTwoSweepParams = {nullptr, 0, "IVF", &IVC_Range, &IVF_Range,
+const MeasureParams kTwoSweepParams = {nullptr, 0,       "IVF",   &IVC_Range,     &IVF_Range,
                                        nullptr, nullptr, nullptr, LayoutTwoSweeps};
-const MeasureParams kCountParams = {nullptr, 0, "Ic(T)", &CountRangeA, nullptr,
+const MeasureParams kCountParams = {nullptr, 0,       "Ic(T)", &CountRangeA,    nullptr,
                                     nullptr, nullptr, nullptr, LayoutPointsOnly};
 
 namespace {
