@@ -60,6 +60,17 @@ void ViewSetCheck(void* view, int id, int on) {
 }
 
 void ViewEnable(void* view, int id, int on) {
+    // The readings stay lit during a run; only the buttons that open the panels go off.
+    if (id == MC_VoltageRows) {
+        for (int row = 0; row < MeasureDlg::kVoltageRowsShown; ++row) {
+            QPushButton* button = nullptr;
+            QProgressBar* bar = nullptr;
+            QLabel* text = nullptr;
+            Dlg(view)->VoltageRowWidgets(row, &button, &bar, &text);
+            button->setEnabled(on != 0);
+        }
+        return;
+    }
     if (QWidget* w = Dlg(view)->Control(id)) w->setEnabled(on != 0);
 }
 
@@ -157,7 +168,9 @@ void MeasureDlg::BuildSweep(QGridLayout* grid, int range, bool pointsOnly) {
     Add(id(SC_Step), step);
     connect(step, &QSpinBox::valueChanged, this,
             [this, range](int v) { SweepStepBits(panel_, range, static_cast<std::uint32_t>(v)); });
-    grid->addWidget(new QLabel("S&tep"), row, 0);
+    auto* stepLabel = new QLabel("S&tep");
+    stepLabel->setBuddy(step);
+    grid->addWidget(stepLabel, row, 0);
     grid->addWidget(step, row, 1);
 }
 
@@ -181,6 +194,7 @@ MeasureDlg::MeasureDlg(const MeasureParams& params, QWidget* parent) : QDialog(p
     }
 
     auto* currents = new QGroupBox("Currents");
+    Add(MC_CurrentRows, currents);
     auto* cgrid = new QGridLayout(currents);
     for (int row = 0; row < kCurrentRowsShown; ++row) {
         CurrentRow& r = currentRows_[row];

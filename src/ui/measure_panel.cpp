@@ -15,8 +15,30 @@
 int gMeasureAutoZeroBox = 0;
 
 const int kRunDisabledControls[] = {
-    MC_DoIt,  MC_Options,  MC_Generator,    MC_GeneratorMore, MC_Pause,      MC_Resume,
-    MC_Clear, MC_AutoZero, MC_AutoZeroMore, MC_All,           MC_Sweep1Zero,
+    MC_DoIt,
+    MC_Options,
+    MC_Generator,
+    MC_GeneratorMore,
+    MC_Pause,
+    MC_Resume,
+    MC_Clear,
+    MC_AutoZero,
+    MC_AutoZeroMore,
+    MC_All,
+    MC_Sweep1Zero,
+    // Beyond the buttons of the protocol: whatever else moves a current or opens options.
+    MC_XAxis,
+    MC_YAxis,
+    MC_CurrentRows,
+    MC_VoltageRows,
+    SweepControlId(0, SC_SetStart),
+    SweepControlId(0, SC_SetStop),
+    SweepControlId(0, SC_GoStart),
+    SweepControlId(0, SC_GoStop),
+    SweepControlId(1, SC_SetStart),
+    SweepControlId(1, SC_SetStop),
+    SweepControlId(1, SC_GoStart),
+    SweepControlId(1, SC_GoStop),
 };
 const int kRunDisabledCount = sizeof kRunDisabledControls / sizeof kRunDisabledControls[0];
 
@@ -194,6 +216,15 @@ void MeasurePanelEnded(MeasurePanel& p, int result) {
     for (int control : kGeneratorControls)
         Enable(p, control, 0);
     Enable(p, MC_Options, p.params && p.params->optionsHandler);
+    Enable(p, MC_XAxis, p.params && p.params->xAxisHandler);
+    Enable(p, MC_YAxis, p.params && p.params->yAxisHandler);
+    for (int range = 0; range < 2; ++range) {
+        bool finder = WorkingRange(range).findCurrent != nullptr;
+        Enable(p, SweepControlId(range, SC_SetStart), finder);
+        Enable(p, SweepControlId(range, SC_GoStart), finder);
+        Enable(p, SweepControlId(range, SC_GoStop), finder);
+        Enable(p, SweepControlId(range, SC_SetStop), finder && p.sweep[range].stopEnabled);
+    }
     if (p.view) p.view->SetText(p.viewData, MC_Cancel, "Cancel");
     End(p, result);
 }

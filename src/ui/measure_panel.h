@@ -31,6 +31,8 @@ enum MeasureControl {
     MC_Memory,        // "Memory: %s"
     MC_Temperature,
     MC_Phase,          // the line a run writes its phase into
+    MC_CurrentRows,    // the sliders, resets and buttons of the current rows
+    MC_VoltageRows,    // the buttons of the voltage rows
     MC_SweepBase = 32, // + kSweepControls * range (0 primary, 1 secondary) + SweepControl
 };
 

@@ -6,7 +6,10 @@
 #include "platform/headless_host.h"
 #include "platform/host.h"
 
+#include "support/bounded_text.h"
+
 #include <QApplication>
+#include <cstdlib>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -69,6 +72,7 @@ TEST_F(MeasureDialog, StopEndsTheRunWithTheKeptPoints) {
     EXPECT_FALSE(dlg.Control(MC_AutoZero)->isEnabled());
     EXPECT_FALSE(Button(dlg, MC_All)->isEnabled());
     EXPECT_FALSE(Button(dlg, MC_Options)->isEnabled());
+    EXPECT_FALSE(dlg.Control(MC_CurrentRows)->isEnabled());
     EXPECT_EQ("Stop", Button(dlg, MC_Cancel)->text());
     QTest::qWait(300);
     QTest::mouseClick(Button(dlg, MC_Cancel), Qt::LeftButton);
@@ -80,6 +84,7 @@ TEST_F(MeasureDialog, StopEndsTheRunWithTheKeptPoints) {
     EXPECT_LT(kept, 65536u);
     EXPECT_EQ(0u, IVC_Range.from);
     EXPECT_TRUE(Button(dlg, MC_DoIt)->isEnabled());
+    EXPECT_TRUE(dlg.Control(MC_CurrentRows)->isEnabled());
 }
 
 TEST_F(MeasureDialog, CancelEndsWithZeroAndKeepsTheFamily) {
@@ -89,6 +94,36 @@ TEST_F(MeasureDialog, CancelEndsWithZeroAndKeepsTheFamily) {
     EXPECT_FALSE(dlg.isVisible());
     EXPECT_EQ(0, dlg.result());
     EXPECT_EQ(0u, gCurves.count);
+}
+
+} // namespace
+
+// The pictures of the README: taken only when VANTREL_SCREENSHOTS names a folder.
+#include "gui/setup_panel_dialog.h"
+
+#include <QPixmap>
+
+namespace {
+
+TEST_F(MeasureDialog, Screenshots) {
+    const char* folder = std::getenv("VANTREL_SCREENSHOTS");
+    if (!folder) GTEST_SKIP() << "VANTREL_SCREENSHOTS not set";
+    IVC_Range = SweepRange{0, 65535, 1, 0, 0, FirstSweep1Current};
+    VoltageChannels[0].kind = VOLTAGE_POSITIVE;
+    BoundedCopy(CurrentChannels[0].comment, "bias");
+    BoundedCopy(VoltageChannels[0].comment, "J1");
+    MeasureDlg dlg(*FindMeasureParams("IVC"));
+    dlg.show();
+    QTest::mouseClick(Button(dlg, MC_DoIt), Qt::LeftButton);
+    QTest::qWait(1500);
+    EXPECT_TRUE(dlg.grab().save(QString(folder) + "/measure-dialog.png"));
+    QTest::mouseClick(Button(dlg, MC_Cancel), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(!dlg.isVisible(), 20000);
+    WaitMeasurementEnd();
+    SetupPanelDialog panel(0, 0);
+    panel.show();
+    QTest::qWait(300);
+    EXPECT_TRUE(panel.grab().save(QString(folder) + "/setup-panel.png"));
 }
 
 } // namespace
