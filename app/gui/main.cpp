@@ -1,0 +1,33 @@
+// vantrel: the desktop program. Starts in the program's order: command line and driver, the
+// window's creation (cards, settings, position), then the About box or the files named.
+#include "gui/main_window.h"
+#include "gui/measure_dialog.h"
+#include "instrument/daq/sim_driver.h"
+#include "support/cmdline.h"
+#include "ui/memory_handler.h"
+#include "ui/startup.h"
+
+#include <QApplication>
+
+#include <new>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    ParseArgv(argc, argv);
+    if (!SelectDriverFromCommandLine()) return 2;
+    char simPath[4096];
+    if (FindSwitch("simdaq:", simPath, sizeof simPath)) SimDaqSetPath(simPath);
+
+    VantrelMainWindow window;
+    window.Install();
+    InstallMeasureDialogs();
+    // No DAC or no ADC: the two boxes have been shown, and the program ends unshown.
+    if (StartupCreate(&window) != STARTUP_RUNNING) return 0;
+    NewHandler previous = InstallOutOfMemoryHandler();
+    window.show();
+    StartupFinish(&window, PostCommandToMainWindow);
+    int result = app.exec();
+    FreeCommandLine();
+    std::set_new_handler(previous);
+    return result;
+}

@@ -1,0 +1,286 @@
+// CommandDispatch: one case per command of the table that is built. Commands reach the window
+// only through MainWindow() and the user only through the host, so all of them run headless.
+#include "curve/undo.h"
+#include "files/data_file.h"
+#include "files/settings_registry.h"
+#include "instrument/autozero.h"
+#include "instrument/averaging.h"
+#include "measure/measure_options.h"
+#include "platform/host.h"
+#include "support/bounded_text.h"
+#include "support/cmdline.h"
+#include "support/message_box.h"
+#include "support/program_folder.h"
+#include "ui/command_table.h"
+#include "ui/main_state.h"
+#include "ui/main_window_calls.h"
+#include "ui/measure_command.h"
+#include "ui/setup_table.h"
+
+#include <utility>
+
+// The open filter keeps its last entry without a separator, as the program always had it.
+const char kOpenDataFilter[] = "ASCII data files (*.dat)|*.dat|AutoCAD's DXB files "
+                               "(*.dxb)|*.dxb|All files (*.*)*.*";
+const char kSaveDataFilter[] = "ASCII data file (*.dat)|*.dat|All files (*.*)|*.*";
+const char kOptionsFilter[] = "Vantrel configuration  (*.ini)|*.ini";
+
+namespace {
+
+SetupRow gUserRows[] = {SetupTextRow(101, gUserName, sizeof gUserName, "Setup", nullptr)};
+SetupTable gUserTable = {1, gUserRows, nullptr, 0, nullptr};
+
+// The dialog starts in the last data folder.
+bool AskDataPath(int save, const char* title, const char* filter, char* path, size_t size) {
+    BoundedCopy(path, gLastDataFolder, size);
+    if (path[0]) BoundedAppend(path, "/", size);
+    return Host().FileDialog(save, title, filter, path, size) == 1;
+}
+
+int SaveAs(void* window) {
+    char path[260];
+    if (!AskDataPath(1, "Save As", kSaveDataFilter, path, sizeof path)) return 0;
+    if (SaveDataFile(window, path) < 0) return 0;
+    fDataSaved = 1;
+    return 1;
+}
+
+int OpenCommand(void* window, int addMode) {
+    if (!addMode && !AskSaveIfNeeded(window)) return 0;
+    char path[260];
+    if (!AskDataPath(0, addMode ? "Add" : "", kOpenDataFilter, path, sizeof path)) return 0;
+    if (!SaveUndo()) return 0;
+    if (OpenDataFile(window, path, addMode) < 0) return 0;
+    fDataSaved = addMode ? 0 : 1;
+    RefreshAll(window);
+    return 1;
+}
+
+void Changed(void* window) {
+    RefreshAll(window);
+    fDataSaved = 0;
+}
+
+void SwapViewRanges() {
+    if (gViewScale.scaleAuto) return;
+    std::swap(gViewScale.xMin, gViewScale.yMin);
+    std::swap(gViewScale.xMax, gViewScale.yMax);
+}
+
+void ReversePoints() {
+    for (uint32_t c = 0; c < gCurves.count; ++c) {
+        Curve& curve = gCurves.GetCurve(c);
+        for (uint32_t i = 0, j = curve.count; i + 1 < j; ++i, --j)
+            std::swap(curve.GetPoint(i), curve.GetPoint(j - 1));
+    }
+}
+
+int FirstMarked() {
+    return gCurves.CountMarked() ? gCurves.GetMarkedCurveIndex(0) : -1;
+}
+
+void LoadOptionsFrom(void* window, const char* path) {
+    BoundedCopy(gIniFileName, path);
+    LoadAllSettings(gIniFileName);
+    LoadWindowPosition(window, gIniFileName);
+    RefreshAll(window);
+}
+
+void SaveOptionsTo(void* window) {
+    SaveAllSettings(gIniFileName);
+    SaveWindowPosition(window, gIniFileName);
+}
+
+void HelpOutOfDate(void* window) {
+    MessageBoxBeep(window,
+                   "The help file is out-of-date. The latest information\nis available on the "
+                   "web. See Help | about for the current\naddress of the web site.",
+                   "Warning", MB_OK | MB_ICONWARNING);
+}
+
+void OpenCommandLineFiles(void* window) {
+    for (int n = 1; n < PositionalCount(); ++n)
+        OpenDataFile(window, Positional(n), n > 1);
+    fDataSaved = 1;
+    RefreshAll(window);
+}
+
+int Run(void* window, int command) {
+    switch (command) {
+    case 197:
+        return OpenCommand(window, 0);
+    case 198:
+        return OpenCommand(window, 1);
+    case 271:
+        return SaveAs(window);
+    case 199:
+        Host().RunSetupDialog(&gUserTable, "User name");
+        return 1;
+    case 125:
+        if (AskSaveIfNeeded(window)) MainWindow().Destroy(window);
+        return 1;
+
+    case 187:
+        RestoreUndo();
+        RefreshAll(window);
+        return 1;
+    case 234:
+        if (gSelectionState != 2) return 1;
+        SetSelectionState(0);
+        gCurves.UnmarkAll();
+        RefreshAll(window);
+        return 1;
+    case 236:
+        if (gSelectionState == 0) SetSelectionState(2);
+        RefreshAll(window);
+        return 1;
+    case 191:
+        SaveUndo();
+        gCurves.Reset();
+        gViewScale.scaleAuto = 1;
+        RefreshAll(window);
+        return 1;
+
+    case 253:
+    case 254:
+        SaveUndo();
+        if (command == 253 ? gCurves.DifferentiateX() : gCurves.DifferentiateY())
+            ReportDiscardedCurves();
+        Changed(window);
+        return 1;
+    case 255:
+        SaveUndo();
+        gCurves.Integrate();
+        Changed(window);
+        return 1;
+    case 144:
+        SwapViewRanges();
+        gCurves.SwapAxes();
+        RefreshAll(window);
+        return 1;
+    case 156:
+        ReversePoints();
+        RefreshAll(window);
+        return 1;
+
+    case 159:
+        if (!SaveUndo()) return 1;
+        MainWindow().ChooseCurve(window, -1);
+        Changed(window);
+        return 1;
+    case 222:
+        if (!SaveUndo()) return 1;
+        MainWindow().ChooseCurve(window, FirstMarked());
+        Changed(window);
+        return 1;
+    case 229:
+        if (FirstMarked() >= 0 && MainWindow().CurveStyle(window, FirstMarked()))
+            RefreshAll(window);
+        return 1;
+    case 221:
+        if (!SaveUndo()) return 1;
+        gCurves.DeleteMarked();
+        Changed(window);
+        return 1;
+
+    case 29:
+        MeasureCommand(window, "IVC", true);
+        return 1;
+    case 147:
+        ChannelPanelCommand(window, 1);
+        return 1;
+    case 148:
+        ChannelPanelCommand(window, 0);
+        return 1;
+
+    case 146:
+        AveragingSetupDialog();
+        return 1;
+    case 172:
+        Delays_OptionsDialog(window);
+        return 1;
+    case 265:
+        AutoZeroOptionsDialog();
+        return 1;
+    case 264:
+        GeneralMeasure_OptionsDialog(window);
+        RefreshAll(window);
+        return 1;
+
+    case 218:
+        LoadWindowPosition(window, gIniFileName);
+        return 1;
+    case 140:
+        SaveWindowPosition(window, gIniFileName);
+        return 1;
+    case 201: {
+        // Linux paths keep their "/": the dialog starts from the settings file as it is.
+        char path[sizeof gIniFileName];
+        BoundedCopy(path, gIniFileName);
+        if (Host().FileDialog(0, "", kOptionsFilter, path, sizeof path) == 1)
+            LoadOptionsFrom(window, path);
+        return 1;
+    }
+    case 202:
+        SaveOptionsTo(window);
+        return 1;
+    case 203: {
+        char path[sizeof gIniFileName];
+        BoundedCopy(path, gIniFileName);
+        if (Host().FileDialog(1, "", kOptionsFilter, path, sizeof path) == 1) {
+            BoundedCopy(gIniFileName, path);
+            SaveOptionsTo(window);
+        }
+        return 1;
+    }
+
+    case 195:
+    case 196:
+        HelpOutOfDate(window);
+        return 1;
+    case 2:
+        MainWindow().About(window);
+        return 1;
+    case 266:
+        OpenCommandLineFiles(window);
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int CommandDispatch(void* window, int command) {
+    const CommandRow* row = FindCommand(command);
+    if (!row || !(row->flags & CMD_BUILT)) return 0;
+    int result = Run(window, command);
+    MainWindow().UpdateMenus(window);
+    return result;
+}
+
+bool AskSaveIfNeeded(void* window) {
+    if (fDataSaved) return true;
+    int answer = MessageBoxBeep(window, "You have unsaved data!\nWould you like to save them now?",
+                                gProgramName, MB_YESNOCANCEL | MB_ICONQUESTION);
+    if (answer == IDCANCEL) return false;
+    if (answer == IDYES) return SaveAs(window) != 0;
+    return true;
+}
+
+bool RefuseInSelection(void* window) {
+    if (gSelectionState != 0) {
+        MessageBoxBeep(window, "This function is not implemented yet\nto work inside a selection.",
+                       "Math & Selection", MB_OK | MB_ICONINFORMATION);
+        return true;
+    }
+    gCurves.MarkAll();
+    return false;
+}
+
+bool DropFiles(void* window, const char* const* paths, int count) {
+    if (!AskSaveIfNeeded(window)) return false;
+    for (int i = 0; i < count; ++i)
+        OpenDataFile(window, paths[i], i > 0);
+    RefreshAll(window);
+    return true;
+}

@@ -1,0 +1,53 @@
+#include "ui/main_window_calls.h"
+
+#include "support/bounded_text.h"
+#include "ui/main_state.h"
+
+namespace {
+
+void HeadlessRefresh(void*) {
+    ++HeadlessWindow().refreshes;
+}
+void HeadlessSetTitle(void*, const char* title) {
+    BoundedCopy(gWindowTitle, title);
+}
+void HeadlessDestroy(void*) {
+    ++HeadlessWindow().destroyed;
+}
+void HeadlessAbout(void*) {
+    ++HeadlessWindow().abouts;
+}
+int HeadlessChooseCurve(void*, int) {
+    ++HeadlessWindow().chooseCurve;
+    return -1;
+}
+int HeadlessCurveStyle(void*, int slot) {
+    ++HeadlessWindow().curveStyle;
+    HeadlessWindow().lastStyleSlot = slot;
+    return 1;
+}
+void HeadlessUpdateMenus(void*) {}
+
+const MainWindowCalls kHeadless = {HeadlessRefresh,    HeadlessSetTitle,    HeadlessDestroy,
+                                   HeadlessAbout,      HeadlessChooseCurve, HeadlessCurveStyle,
+                                   HeadlessUpdateMenus};
+const MainWindowCalls* gCalls = &kHeadless;
+
+} // namespace
+
+const MainWindowCalls& MainWindow() {
+    return *gCalls;
+}
+
+void SetMainWindowCalls(const MainWindowCalls* calls) {
+    gCalls = calls ? calls : &kHeadless;
+}
+
+HeadlessWindowRecord& HeadlessWindow() {
+    static HeadlessWindowRecord record;
+    return record;
+}
+
+void RefreshAll(void* window) {
+    MainWindow().Refresh(window);
+}

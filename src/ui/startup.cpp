@@ -1,0 +1,50 @@
+#include "ui/startup.h"
+
+#include "files/settings_registry.h"
+#include "instrument/daq_cards.h"
+#include "instrument/virtual_channels.h"
+#include "support/bounded_text.h"
+#include "support/cmdline.h"
+#include "support/program_folder.h"
+#include "ui/command_table.h"
+#include "ui/main_state.h"
+
+#include <cstdio>
+#include <cstring>
+
+bool SelectDriverFromCommandLine() {
+    char name[64];
+    SwitchString("daq:", "sim", name, sizeof name);
+    if (SelectDaqDriver(name)) return true;
+    // Without the simulated instrument the program still starts, and tells that no card is
+    // there: it never invents cards.
+    if (std::strcmp(name, "sim") == 0) return SelectDaqDriver("none");
+    std::fprintf(stderr, "vantrel: no driver '%s' (drivers: %s)\n", name, DaqDriverNames());
+    return false;
+}
+
+int StartupCreate(void* window) {
+    SwitchString("u:", "anonymous", gUserName, sizeof gUserName);
+    int cards = DetectCards(gHardwareReport, sizeof gHardwareReport, ProgramDirectory());
+    if (cards != 0) {
+        ShowCardsStartupFailure(window, cards, gProgramName, gHardwareReport);
+        return cards == 1 ? STARTUP_NO_DAC : STARTUP_NO_ADC;
+    }
+    InitDacState();
+    char ini[sizeof gIniFileName];
+    ProgramFilePath("vtl.ini", ini, sizeof ini);
+    SwitchString("i:", ini, gIniFileName, sizeof gIniFileName);
+    LoadAllSettings(gIniFileName);
+    LoadWindowPosition(window, gIniFileName);
+    return STARTUP_RUNNING;
+}
+
+void StartupFinish(void* window, void (*post)(void* window, int command)) {
+    SetSelectionState(0);
+    gViewScale.scaleAuto = 1;
+    int command = PositionalCount() > 1 ? 266 : 2;
+    if (post)
+        post(window, command);
+    else
+        CommandDispatch(window, command);
+}

@@ -1,0 +1,85 @@
+#include "commands_fixture.h"
+
+#include <set>
+#include <string>
+
+namespace {
+
+std::string Text(int n) {
+    const CommandRow* row = FindCommand(n);
+    return row ? row->text : "<none>";
+}
+
+std::string Keys(int n) {
+    const CommandRow* row = FindCommand(n);
+    return row && row->keys ? row->keys : "";
+}
+
+TEST(CommandTable, TextsAndKeysAsShown) {
+    EXPECT_EQ(Text(197), "&Open\tCtrl+O");
+    EXPECT_EQ(Keys(197), "Ctrl+O");
+    EXPECT_EQ(Text(125), "E&xit \t Alt-X");
+    EXPECT_EQ(Keys(125), "Alt+X");
+    EXPECT_EQ(Text(187), "Undo\tCtrl+Z");
+    EXPECT_EQ(Keys(187), "Ctrl+Z|Alt+Backspace");
+    EXPECT_EQ(Text(153), "&V(T) && R(T)\tF8");
+    EXPECT_EQ(Text(220), "Zoom &Extents\tCtrl+\\");
+    EXPECT_EQ(Text(202), "&Save Options..");
+    EXPECT_EQ(Text(1015), "1&5");
+    EXPECT_EQ(Text(191), "Clear Screen\t ");
+    // F6 shows in the text and has no key.
+    EXPECT_EQ(Text(151), "Ic(H) with &Reset\tF6");
+    EXPECT_EQ(Keys(151), "");
+    EXPECT_EQ(FindCommand(4242), nullptr);
+}
+
+TEST(CommandTable, NumbersAreUniqueAndMenusKnown) {
+    std::set<int> seen;
+    std::set<std::string> menus(gMenuTitles, gMenuTitles + gMenuCount);
+    for (unsigned i = 0; i < gCommandCount; ++i) {
+        const CommandRow& row = gCommandTable[i];
+        EXPECT_TRUE(seen.insert(row.number).second) << row.number;
+        if (!(row.flags & CMD_HIDDEN)) EXPECT_TRUE(menus.count(row.menu)) << row.number;
+        // A command is never in both selection lists.
+        EXPECT_FALSE((row.flags & CMD_IN_SELECTION) && (row.flags & CMD_OUT_SELECTION));
+    }
+}
+
+TEST_F(Commands, MenuStatesFollowTheSelection) {
+    EXPECT_FALSE(IsCommandEnabled(234));
+    EXPECT_TRUE(IsCommandEnabled(236));
+    EXPECT_TRUE(IsCommandEnabled(253));
+    EXPECT_TRUE(IsCommandEnabled(144));
+    SetSelectionState(2);
+    EXPECT_TRUE(IsCommandEnabled(234));
+    EXPECT_FALSE(IsCommandEnabled(236));
+    EXPECT_FALSE(IsCommandEnabled(253));
+    EXPECT_FALSE(IsCommandEnabled(144));
+    EXPECT_TRUE(IsCommandEnabled(197));
+    // The rubber band leaves the menu as it was.
+    SetSelectionState(1);
+    EXPECT_TRUE(IsCommandEnabled(234));
+    SetSelectionState(0);
+    EXPECT_FALSE(IsCommandEnabled(234));
+}
+
+TEST_F(Commands, NotHandledAndNotBuiltStayDisabledAndDoNothing) {
+    for (int n : {188, 200, 269, 130, 151})
+        EXPECT_FALSE(IsCommandEnabled(n)) << n;
+    Fill(1, 3);
+    EXPECT_EQ(CommandDispatch(nullptr, 200), 0);
+    EXPECT_EQ(CommandDispatch(nullptr, 9999), 0);
+    EXPECT_EQ(gCurves.count, 1u);
+    EXPECT_TRUE(HeadlessBoxes().empty());
+}
+
+TEST_F(Commands, UndoStartsDisabledAndFollowsTheFirstSnapshot) {
+    EXPECT_FALSE(IsCommandEnabled(187));
+    SaveUndo(); // empty family: no snapshot
+    EXPECT_FALSE(IsCommandEnabled(187));
+    Fill(2, 4);
+    SaveUndo();
+    EXPECT_TRUE(IsCommandEnabled(187));
+}
+
+} // namespace

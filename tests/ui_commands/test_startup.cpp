@@ -1,0 +1,128 @@
+#include "commands_fixture.h"
+
+#include "common/test_support.h"
+#include "files/data_file.h"
+#include "files/settings_registry.h"
+#include "instrument/daq_cards.h"
+#include "instrument/fake_rack.h"
+#include "measure/measure_options.h"
+#include "support/cmdline.h"
+#include "support/program_folder.h"
+#include "ui/startup.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+class Startup : public Commands {
+  protected:
+    void SetUp() override {
+        Commands::SetUp();
+        gRack = FakeRack();
+        SetDaqDriver(&kFakeDriver);
+        std::snprintf(gIniFileName, sizeof gIniFileName, "untouched.ini");
+    }
+    void TearDown() override {
+        SetDaqDriver(nullptr);
+        ResetCards();
+        FreeCommandLine();
+        Commands::TearDown();
+    }
+    // The parser keeps pointers into the vector, so both live as long as the test.
+    void Parse(std::vector<std::string> args) {
+        args_ = std::move(args);
+        args_.insert(args_.begin(), "vantrel");
+        for (std::string& a : args_)
+            argv_.push_back(a.data());
+        ParseArgv(int(argv_.size()), argv_.data());
+    }
+    std::vector<std::string> args_;
+    std::vector<char*> argv_;
+    static FakeCard Multifunction() {
+        FakeCard c;
+        c.adcBits = 16;
+        c.adcChannels = {{0, 15}};
+        c.dacChannels = 2;
+        return c;
+    }
+};
+
+TEST_F(Startup, NoAdcGivesTheTwoMessagesAndEndsBeforeTheSettings) {
+    FakeCard dac;
+    dac.dacChannels = 8;
+    gRack.cards = {dac};
+    Parse({});
+    EXPECT_EQ(StartupCreate(nullptr), STARTUP_NO_ADC);
+    auto boxes = HeadlessBoxes();
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(boxes[0].caption, "DAC/ADC Initialization Error");
+    EXPECT_NE(boxes[0].text.find("[ ] no DACs\n[x] no ADCs\nVantrel will show"), std::string::npos);
+    EXPECT_EQ(boxes[1].caption, "Detected NIDAQ Cards");
+    EXPECT_EQ(boxes[1].text, gHardwareReport);
+    EXPECT_STREQ(gIniFileName, "untouched.ini");
+}
+
+TEST_F(Startup, NoCardsAtAllIsNoDac) {
+    Parse({});
+    EXPECT_EQ(StartupCreate(nullptr), STARTUP_NO_DAC);
+    EXPECT_EQ(HeadlessBoxes().size(), 2u);
+}
+
+TEST_F(Startup, WithCardsLoadsTheSettingsOfTheSwitchThenShowsAbout) {
+    TempDir dir;
+    WriteWholeFile(dir.File("my.ini"), "[Measure]\r\nInteractionTime=77\r\n");
+    uint32_t old = InteractionTime;
+    gRack.cards = {Multifunction()};
+    Parse({"-i:" + dir.File("my.ini"), "-u:Ada"});
+    EXPECT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
+    EXPECT_TRUE(HeadlessBoxes().empty());
+    EXPECT_EQ(std::string(gIniFileName), dir.File("my.ini"));
+    EXPECT_EQ(InteractionTime, 77u);
+    EXPECT_STREQ(gUserName, "Ada");
+    StartupFinish(nullptr, nullptr);
+    EXPECT_EQ(HeadlessWindow().abouts, 1);
+    EXPECT_EQ(fDataSaved, 0);
+    InteractionTime = old;
+}
+
+TEST_F(Startup, FilesOnTheCommandLineAreOpenedInsteadOfAbout) {
+    TempDir dir;
+    Fill(2, 3);
+    ASSERT_EQ(SaveDataFile(nullptr, dir.File("f.dat").c_str()), 0);
+    gCurves.Reset();
+    gRack.cards = {Multifunction()};
+    Parse({dir.File("f.dat"), dir.File("f.dat")});
+    ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
+    EXPECT_EQ(std::string(gIniFileName), std::string(ProgramDirectory()) + "vtl.ini");
+    EXPECT_STREQ(gUserName, "anonymous");
+    int posted = 0;
+    static int* seen;
+    seen = &posted;
+    StartupFinish(nullptr, [](void*, int command) { *seen = command; });
+    EXPECT_EQ(posted, 266);
+    CommandDispatch(nullptr, 266);
+    EXPECT_EQ(gCurves.count, 4u);
+    EXPECT_EQ(fDataSaved, 1);
+    EXPECT_EQ(HeadlessWindow().abouts, 0);
+}
+
+TEST_F(Startup, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
+    // Settings validate against the cards, so the rack comes first.
+    gRack.cards = {Multifunction()};
+    Parse({});
+    ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
+    TempDir dir;
+    WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
+    uint32_t old = InteractionTime;
+    HeadlessScriptDialog(1, dir.File("other.ini"));
+    CommandDispatch(nullptr, 201);
+    EXPECT_EQ(std::string(gIniFileName), dir.File("other.ini"));
+    EXPECT_EQ(InteractionTime, 321u);
+    InteractionTime = 654;
+    CommandDispatch(nullptr, 202);
+    EXPECT_NE(ReadWholeFile(dir.File("other.ini")).find("InteractionTime=654"), std::string::npos);
+    InteractionTime = old;
+}
+
+} // namespace
