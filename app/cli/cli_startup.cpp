@@ -79,5 +79,8 @@ int CliStartInstrument(bool loadSettings) {
     char ini[4096];
     std::snprintf(ini, sizeof ini, "%svtl.ini", ProgramDirectory());
     SwitchString("i:", ini, gIniFileName, sizeof gIniFileName);
-    return LoadSettingsWithOverrides();
+    int status = LoadSettingsWithOverrides();
+    // The zeros set before the settings were those of whatever DAC each record named then.
+    InitDacState();
+    return status;
 }

@@ -18,6 +18,6 @@ int RunConvert(int argc, char** argv);
 int RunCardsVerb(int argc, char** argv);
 int RunMeasureVerb(int argc, char** argv);
 int RunSettingsVerb(int argc, char** argv);
-int CliRead(int argc, char** argv);
+int RunReadVerb(int argc, char** argv);
 // Only when the Qt interface is built: it draws through the Qt canvas.
 int RunPlotVerb(int argc, char** argv);

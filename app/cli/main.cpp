@@ -18,7 +18,7 @@ const CliVerb gCliVerbs[] = {
     {"settings", RunSettingsVerb,
      "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
      "them to -o: or prints them"},
-    {"read", CliRead,
+    {"read", RunReadVerb,
      "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
 #ifdef VANTREL_HAVE_GUI
     {"plot", RunPlotVerb,

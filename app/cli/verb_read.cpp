@@ -2,6 +2,7 @@
 #include "cli_startup.h"
 #include "cli_verbs.h"
 
+#include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
 #include "support/cmdline.h"
 #include "support/physical_units.h"
@@ -11,23 +12,44 @@
 namespace {
 
 // Stored text is single-byte with the micro sign 0xB5; a terminal expects UTF-8.
-void PrintValue(const char* value) {
+void PrintText(const char* value) {
     for (const char* p = value; *p; ++p)
         if (static_cast<unsigned char>(*p) == 0xB5)
             std::fputs("\xC2\xB5", stdout);
         else
             std::putchar(*p);
+}
+
+void PrintValue(const char* value) {
+    PrintText(value);
+    std::putchar('\n');
+}
+
+// "T = 4.200 K", then what the table was entered with, so that a reading outside the table
+// can be told from a sensor that is not wired.
+void PrintTemperature() {
+    TemperatureReading r = ReadTemperature();
+    char text[kTermoTextSize];
+    FormatTemperature(static_cast<f32>(r.kelvin), text, sizeof text);
+    const char* t = text;
+    while (*t == ' ')
+        ++t;
+    std::printf("T = %s", t);
+    if (r.voltage >= 0) {
+        char value[64];
+        FormatPhysical(value, r.sensorValue, TermoIsTofR ? "Ohm" : "V", sizeof value);
+        std::printf("  (V[%3d] %s, %s = ", r.voltage, VoltageChannels[r.voltage].comment,
+                    TermoIsTofR ? "R" : "V");
+        PrintText(value);
+        std::putchar(')');
+    }
     std::putchar('\n');
 }
 
 } // namespace
 
-int CliRead(int argc, char** argv) {
-    ParseArgv(argc, argv);
+int RunReadVerb(int, char**) {
     if (int status = CliStartInstrument(true)) return status;
-    // Nothing has been written yet: the start-up zeros are those of the first DAC, which on
-    // another card's scale would read back as nonsense.
-    InitDacState();
     char value[64];
     for (int v = 0; v < kVoltageChannelCount; ++v) {
         if (!IsVoltageConnected(v)) continue;
@@ -43,5 +65,6 @@ int CliRead(int argc, char** argv) {
                     CurrentChannels[i].comment);
         PrintValue(value);
     }
+    PrintTemperature();
     return 0;
 }

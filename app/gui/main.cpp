@@ -1,6 +1,7 @@
 // vantrel: the desktop program. Starts in the program's order: command line and driver, the
 // window's creation (cards, settings, position), then the About box or the files named.
 #include "gui/main_window.h"
+#include "gui/measure_dialog.h"
 #include "instrument/daq/sim_driver.h"
 #include "support/cmdline.h"
 #include "ui/memory_handler.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
 
     VantrelMainWindow window;
     window.Install();
+    InstallMeasureDialogs();
     // No DAC or no ADC: the two boxes have been shown, and the program ends unshown.
     if (StartupCreate(&window) != STARTUP_RUNNING) return 0;
     NewHandler previous = InstallOutOfMemoryHandler();

@@ -1,6 +1,7 @@
 #include "files/data_file_options.h"
 
 #include "files/profile.h"
+#include "instrument/thermometer.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
@@ -34,8 +35,8 @@ DataFileGroup gDataFileGroups[kDataFileGroupCount] = {
      nullptr},
     {"Calibrator", "SaveCalibratorOptions", "LoadCalibratorOptions", STEER_STRAIGHT, 0, 0, nullptr,
      nullptr},
-    {"Thermometer", "SaveTermometerOptions", "LoadTermometerOptions", STEER_STRAIGHT, 0, 0, nullptr,
-     nullptr},
+    {"Thermometer", "SaveTermometerOptions", "LoadTermometerOptions", STEER_STRAIGHT, 0, 0,
+     LoadTermometerOptions, SaveTermometerOptions},
     {"Other", "SaveOtherOptions", "LoadOtherOptions", STEER_STRAIGHT, 0, 0,
      GeneralMeasure_LoadOptions, GeneralMeasure_SaveOptions},
     {"Waveform general", "SaveWFMGeneralOptions", "LoadWFMGeneralOptions", STEER_STRAIGHT, 0, 0,

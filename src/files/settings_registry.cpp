@@ -5,6 +5,7 @@
 #include "files/profile.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
+#include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
@@ -29,7 +30,7 @@ OptionsFn LoadOptionsFnsList[kOptionsFnsCount] = {
     GeneralMeasure_LoadOptions, // 6 general measurement
     Trigger_LoadOptions,        // 7 trigger, with the IVC options
     LoadAveragingOptions,       // 8 averaging
-    nullptr,                    // 9 thermometer
+    LoadTermometerOptions,      // 9 thermometer
     nullptr,                    // 10 waveform programs
     nullptr,                    // 11 Ic(H)
     nullptr,                    // 12 Ic(T), after Ic(H) so that its keys win
@@ -56,7 +57,7 @@ OptionsFn SaveOptionsFnsList[kOptionsFnsCount] = {
     GeneralMeasure_SaveOptions, // 6 general measurement
     Trigger_SaveOptions,        // 7 trigger, with the IVC options
     SaveAveragingOptions,       // 8 averaging
-    nullptr,                    // 9 thermometer
+    SaveTermometerOptions,      // 9 thermometer
     nullptr,                    // 10 waveform programs
     nullptr,                    // 11 Ic(H)
     nullptr,                    // 12 Ic(T)

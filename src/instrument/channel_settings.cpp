@@ -38,8 +38,10 @@ void WriteFloat(const char* section, const char* prefix, int i, const char* fiel
     WriteProfileDouble(section, Key(prefix, i, field).text, "%G", value, file);
 }
 
-bool GainOnCard(const AdcCard& card, f32 gain) {
-    return HasGain(card, gain);
+// Without detected inputs (settings read with no rack, as the settings tools do) there is no
+// first channel to take, and channel 0 is as good as any.
+u16 FirstChannelOf(AdcCard& card) {
+    return card.channels.ranges.empty() ? 0 : FirstChannel(card);
 }
 
 } // namespace
@@ -51,8 +53,8 @@ unsigned ValidateCurrentChannel(CurrentChannel& c) {
     if (c.DACChan >= DacCards[c.DACSlot].channelCount) c.DACChan = 0, mask |= 4;
     if (c.ADCSlot >= AdcCardsCount) c.ADCSlot = 0, mask |= 16;
     AdcCard& adc = AdcCards[c.ADCSlot];
-    if (!HasChannel(adc, c.ADCChan)) c.ADCChan = FirstChannel(adc), mask |= 32;
-    if (!GainOnCard(adc, c.ADCGain) && !adc.gains.empty()) c.ADCGain = adc.gains[0];
+    if (!HasChannel(adc, c.ADCChan)) c.ADCChan = FirstChannelOf(adc), mask |= 32;
+    if (!HasGain(adc, c.ADCGain) && !adc.gains.empty()) c.ADCGain = adc.gains[0];
     if (c.extGain == 0.0f) c.extGain = 1.0f, mask |= 256;
     if (c.R == 0.0f) c.R = 1.0f, mask |= 512;
     return mask;
@@ -63,8 +65,8 @@ unsigned ValidateVoltageChannel(VoltageChannel& v) {
     if (v.kind < 0 || v.kind >= kVoltageKindCount) v.kind = 0, mask |= 1;
     if (v.ADCSlot >= AdcCardsCount) v.ADCSlot = 0, mask |= 16;
     AdcCard& adc = AdcCards[v.ADCSlot];
-    if (!HasChannel(adc, v.ADCChan)) v.ADCChan = FirstChannel(adc), mask |= 32;
-    if (!GainOnCard(adc, v.ADCGain) && !adc.gains.empty()) v.ADCGain = adc.gains[0];
+    if (!HasChannel(adc, v.ADCChan)) v.ADCChan = FirstChannelOf(adc), mask |= 32;
+    if (!HasGain(adc, v.ADCGain) && !adc.gains.empty()) v.ADCGain = adc.gains[0];
     if (v.extGain == 0.0f) v.extGain = 1.0f, mask |= 256;
     return mask;
 }

@@ -14,6 +14,7 @@
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
+#include "ui/measure_command.h"
 #include "ui/setup_table.h"
 
 #include <utility>
@@ -180,6 +181,16 @@ int Run(void* window, int command) {
         if (!SaveUndo()) return 1;
         gCurves.DeleteMarked();
         Changed(window);
+        return 1;
+
+    case 29:
+        MeasureCommand(window, "IVC", true);
+        return 1;
+    case 147:
+        ChannelPanelCommand(window, 1);
+        return 1;
+    case 148:
+        ChannelPanelCommand(window, 0);
         return 1;
 
     case 146:

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <mutex>
 #include <sstream>
+#include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -54,8 +55,11 @@ std::vector<std::string> AssertCapture::Messages() const {
     return gCaptured;
 }
 
-ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir,
-                         const std::string& input) {
+namespace {
+
+ProcessResult RunAndWait(const std::vector<std::string>& argv, const std::string& dir,
+                         const std::string& input, int signal, int afterMs,
+                         const std::string& waitFor) {
     ProcessResult result;
     TempDir scratch;
     std::string outPath = scratch.File("out"), errPath = scratch.File("err"),
@@ -76,11 +80,35 @@ ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string
         _exit(127);
     }
     int status = 0;
-    waitpid(pid, &status, 0);
+    bool reaped = false;
+    if (signal) {
+        for (int waited = 0; !waitFor.empty() && waited < 60000 && !reaped; waited += 20) {
+            if (ReadWholeFile(outPath).find(waitFor) != std::string::npos) break;
+            reaped = waitpid(pid, &status, WNOHANG) == pid;
+            usleep(20000);
+        }
+        if (!reaped) {
+            usleep(static_cast<useconds_t>(afterMs) * 1000);
+            kill(pid, signal);
+        }
+    }
+    if (!reaped) waitpid(pid, &status, 0);
     result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     result.out = ReadWholeFile(outPath);
     result.err = ReadWholeFile(errPath);
     return result;
+}
+
+} // namespace
+
+ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir,
+                         const std::string& input) {
+    return RunAndWait(argv, dir, input, 0, 0, "");
+}
+
+ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
+                                  const std::string& waitFor) {
+    return RunAndWait(argv, "", "", signal, afterMs, waitFor);
 }
 
 ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir) {

@@ -25,6 +25,10 @@ struct ProcessResult {
 // Runs a program with arguments (no shell), in dir when given, and collects its output.
 ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir = "",
                          const std::string& input = "");
+// The same, sending signal to the program afterMs milliseconds after its standard output first
+// holds waitFor (at once when waitFor is empty; at most 60 s of waiting).
+ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
+                                  const std::string& waitFor = "");
 // Runs the built vantrel-cli.
 ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir = "");
 

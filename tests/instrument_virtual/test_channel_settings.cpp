@@ -125,7 +125,7 @@ TEST(ChannelSettings, ShippedWiringMeasuresTheSampleAsItIs) {
     InitDacState();
     SetCurrent(32768 + 16384, 0);
     EXPECT_NEAR(5.0 / SimDaqConfig().biasResistor, GetCurrent(0), 5e-6);
-    SetCurrent(32768 + 5000, 0); // 153 uA
+    SetCurrent(32768 + 5000, 0);          // 153 uA
     EXPECT_GT(GetVoltage(0).volts, 1e-4); // J1 above its critical current
 }
 

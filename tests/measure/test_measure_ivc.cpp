@@ -11,13 +11,21 @@
 #include "measure/measure_run.h"
 #include "platform/headless_host.h"
 #include "platform/measure_dialog.h"
+#include "support/bounded_text.h"
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 
 namespace {
+
+// The shipped settings with the thermometer table they name, so loading them is silent.
+void CopyShippedSettings(const TempDir& dir) {
+    for (const char* name : {"vtl.ini", "thinfilm.R(T)"})
+        WriteWholeFile(dir.File(name), ReadWholeFile(SourcePath(std::string("data/") + name)));
+}
 
 // Stops the run when the points field shows point gStopAt (the refresh comes every point
 // with InteractionTime 0), so the stop is seen at the end of that point.
@@ -53,8 +61,9 @@ class MeasureIvcTest : public ::testing::Test {
         ASSERT_EQ(0, DetectCards(report, sizeof report, dir_.Path().c_str())) << report;
         InitDacState();
         ini_ = dir_.File("vtl.ini");
-        WriteWholeFile(ini_, ReadWholeFile(SourcePath("data/vtl.ini")));
-        LoadAllSettings(ini_.c_str());
+        CopyShippedSettings(dir_);
+        BoundedCopy(gIniFileName, ini_.c_str());
+        LoadAllSettings(gIniFileName);
         savedInteraction_ = InteractionTime;
         InteractionTime = 0;
         SystemDecayTime = DelayAfterJumpToStart = 0;
@@ -132,8 +141,9 @@ TEST_F(MeasureIvcTest, BothDirectionsShowTheHysteresisLoopOfJ1) {
     EXPECT_NEAR(up, ic, 0.01 * ic + 2 * step);
     EXPECT_NEAR(down, ir, 0.01 * ic + 2 * step);
     EXPECT_LT(down, 0.7 * up);
-    // The swept current is back where it stood.
+    // The swept current is back where it stood, and nothing needed a message.
     EXPECT_EQ(DacState[FirstSweep1Current()], 32768u);
+    for (const auto& box : HeadlessBoxes()) ADD_FAILURE() << box.caption << ": " << box.text;
 }
 
 TEST_F(MeasureIvcTest, StopEarlyClearsAndLaterKeepsThePointsBefore) {
@@ -222,7 +232,7 @@ TEST_F(MeasureIvcTest, AutomaticXAxisAndMissingTriggerAndMissingCurrent) {
 TEST(MeasureCli, MeasuresTheShippedSampleAndWritesTheDataPair) {
     TempDir dir;
     WriteWholeFile(dir.File("simdaq.ini"), "[Clock]\nMode=step\n");
-    WriteWholeFile(dir.File("vtl.ini"), ReadWholeFile(SourcePath("data/vtl.ini")));
+    CopyShippedSettings(dir);
     ProcessResult r =
         RunCli({"measure", "IVC", "-i:" + dir.File("vtl.ini"), "-simdaq:" + dir.File("simdaq.ini"),
                 "-step:1024", "-o:" + dir.File("run.dat"), "-set:Measure/InteractionTime=0"});
@@ -240,4 +250,23 @@ TEST(MeasureCli, MeasuresTheShippedSampleAndWritesTheDataPair) {
     r = RunCli({"measure", "NoSuch", "-i:" + dir.File("vtl.ini")});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find("no measurement \"NoSuch\""), std::string::npos);
+}
+
+TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
+    TempDir dir;
+    CopyShippedSettings(dir);
+    // 1024 points of 20 ms each; the interrupt comes a little after the first progress line.
+    ProcessResult r =
+        RunProcessSignalled({VANTREL_CLI_PATH, "measure", "IVC", "-i:" + dir.File("vtl.ini"),
+                             "-step:64", "-set:Measure/SystemDecayTime=20",
+                             "-set:Measure/InteractionTime=100", "-o:" + dir.File("stopped.dat")},
+                            SIGINT, 300, "%");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("(stopped)"), std::string::npos) << r.out;
+    std::string ini = ReadWholeFile(dir.File("stopped.ini"));
+    size_t at = ini.find("NumberOfPointsInCurve0=");
+    ASSERT_NE(at, std::string::npos);
+    unsigned points = static_cast<unsigned>(std::stoul(ini.substr(at + 23)));
+    EXPECT_GE(points, 5u);
+    EXPECT_LT(points, 1024u);
 }
