@@ -2,9 +2,11 @@
 // only through MainWindow() and the user only through the host, so all of them run headless.
 #include "curve/undo.h"
 #include "files/data_file.h"
+#include "files/data_file_options.h"
 #include "files/settings_registry.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
+#include "instrument/thermometer.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
@@ -195,6 +197,17 @@ int Run(void* window, int command) {
 
     case 146:
         AveragingSetupDialog();
+        return 1;
+    case 142:
+        ShowDataFileOptions();
+        return 1;
+    case 166:
+        TermometerSetupDialog(window);
+        return 1;
+    case 263:
+        SaveUndo();
+        if (!ShowTemperatureCurve(window, gCurves)) RestoreUndo();
+        Changed(window);
         return 1;
     case 172:
         Delays_OptionsDialog(window);
