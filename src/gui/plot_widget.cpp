@@ -26,6 +26,7 @@ void PlotWidget::RequestRepaint() {
 
 void PlotWidget::paintEvent(QPaintEvent*) {
     sincePaint_.start();
+    ++paints_;
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     QtCanvasState state;

@@ -14,6 +14,7 @@ class PlotWidget : public QWidget {
     void RequestRepaint();
     // The result of the last DrawPlot (PLOT_DRAWN, PLOT_NOTHING, ...).
     int LastResult() const { return lastResult_; }
+    int Paints() const { return paints_; }
 
   protected:
     void paintEvent(QPaintEvent*) override;
@@ -22,4 +23,5 @@ class PlotWidget : public QWidget {
     QTimer pending_;
     QElapsedTimer sincePaint_;
     int lastResult_ = 0;
+    int paints_ = 0;
 };

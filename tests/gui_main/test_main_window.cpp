@@ -3,6 +3,7 @@
 #include "gui/plot_widget.h"
 #include "gui/qt_host.h"
 #include "gui/setup_dialog.h"
+#include "measure/measure_options.h"
 #include "platform/headless_host.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
@@ -109,6 +110,27 @@ TEST_F(Gui, PlotShowsTheReportWithNoCurvesAndDrawsAFamily) {
     gViewScale.scaleAuto = 1;
     w.Plot()->grab();
     EXPECT_EQ(w.Plot()->LastResult(), PLOT_DRAWN);
+}
+
+TEST_F(Gui, RefreshesComeAtMostEveryInteractionTime) {
+    uint32_t old = InteractionTime;
+    InteractionTime = 300;
+    VantrelMainWindow w;
+    w.Install();
+    w.show();
+    QTest::qWait(50);
+    int before = w.Plot()->Paints();
+    for (int i = 0; i < 20; ++i) {
+        RefreshAll(&w);
+        QTest::qWait(5);
+    }
+    // Twenty refreshes within 100 ms: at most the first paints at once, the rest make one
+    // deferred paint.
+    int burst = w.Plot()->Paints() - before;
+    EXPECT_LE(burst, 1);
+    QTest::qWait(400);
+    EXPECT_EQ(w.Plot()->Paints() - before, burst + 1);
+    InteractionTime = old;
 }
 
 TEST_F(Gui, TitleFollowsTheWindowCalls) {

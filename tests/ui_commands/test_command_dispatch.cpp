@@ -224,3 +224,16 @@ TEST(PlotVerb, DrawsADataFileIntoAPng) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(Commands, CalibrationCurveWithNoTableKeepsTheFamily) {
+    Fill(2, 3);
+    fDataSaved = 1;
+    CommandDispatch(nullptr, 263);
+    EXPECT_EQ(gCurves.count, 2u);
+    EXPECT_FALSE(HeadlessBoxes().empty());
+    EXPECT_EQ(fDataSaved, 0);
+}
+
+} // namespace
