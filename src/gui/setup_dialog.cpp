@@ -2,6 +2,7 @@
 
 #include "gui/qt_canvas.h"
 #include "gui/qt_host.h"
+#include "ui/setup_texts.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -24,16 +25,23 @@ QtSetupDialog& Self(void* context) {
     return *static_cast<QtSetupDialog*>(context);
 }
 
-// The key names the setting in vtl.ini and is the best label the table carries.
-QString LabelOf(const SetupRow& row) {
-    if (row.key && row.key[0]) return TextFromStored(row.key);
-    return QString("Value %1").arg(row.controlId);
+// The registered text of the control; else the key, which names the setting in vtl.ini.
+QStringList TextsOf(const SetupTable* table, const SetupRow& row) {
+    if (const SetupText* t = FindSetupText(table, row.controlId))
+        return TextFromStored(t->text).split('|');
+    if (row.key && row.key[0]) return {TextFromStored(row.key)};
+    return {QString("Value %1").arg(row.controlId)};
 }
 
-// A radio group shows as many buttons as its value needs, at least two.
-int RadioCount(const SetupRow& row) {
+// A radio group has its registered buttons; without texts as many as its value needs, at
+// least two, numbered.
+QStringList RadioTexts(const QStringList& texts, const SetupRow& row) {
+    if (texts.size() > 1) return texts.mid(1);
     int value = row.variable ? *static_cast<const int32_t*>(row.variable) : 0;
-    return value + 1 > 2 ? value + 1 : 2;
+    QStringList numbers;
+    for (int k = 0; k < std::max(2, value + 1); ++k)
+        numbers << QString::number(k);
+    return numbers;
 }
 
 int Exists(void* c, int id) {
@@ -128,6 +136,24 @@ QtSetupDialog::QtSetupDialog(SetupTable* table, const QString& caption, QWidget*
     outer->addWidget(scroll);
     for (unsigned i = 0; i < table->rowCount; ++i)
         AddRow(form, table->rows[i]);
+    // Controls of the layout that are not rows: browse buttons and labels.
+    unsigned extraCount = 0;
+    const SetupText* extras = SetupTexts(table, &extraCount);
+    for (unsigned i = 0; i < extraCount; ++i) {
+        const SetupText& t = extras[i];
+        if (t.kind == SETUP_TEXT_STATIC) {
+            auto* label = new QLabel(TextFromStored(t.text), page);
+            controls_[t.controlId] = label;
+            form->addRow(label);
+        } else if (t.kind == SETUP_TEXT_BUTTON) {
+            auto* button = new QPushButton(TextFromStored(t.text), page);
+            button->setAutoDefault(false);
+            controls_[t.controlId] = button;
+            form->addRow(button);
+            connect(button, &QPushButton::clicked, this,
+                    [this, id = t.controlId, button] { Command(id, button, 0); });
+        }
+    }
 
     auto* buttons = new QHBoxLayout;
     outer->addLayout(buttons);
@@ -157,14 +183,14 @@ void QtSetupDialog::AddRow(QFormLayout* form, const SetupRow& row) {
     case SETUP_TEXT: {
         auto* edit = new QLineEdit(this);
         controls_[row.controlId] = edit;
-        form->addRow(LabelOf(row), edit);
+        form->addRow(TextsOf(table_, row).value(0), edit);
         // Typing has a non-zero notification: no dependency pass on every key.
         connect(edit, &QLineEdit::textEdited, this,
                 [this, id = row.controlId, edit] { Command(id, edit, 1); });
         break;
     }
     case SETUP_CHECK: {
-        auto* box = new QCheckBox(LabelOf(row), this);
+        auto* box = new QCheckBox(TextsOf(table_, row).value(0), this);
         controls_[row.controlId] = box;
         form->addRow(box);
         connect(box, &QCheckBox::clicked, this,
@@ -172,13 +198,15 @@ void QtSetupDialog::AddRow(QFormLayout* form, const SetupRow& row) {
         break;
     }
     case SETUP_RADIO: {
-        auto* frame = new QGroupBox(LabelOf(row), this);
+        QStringList texts = TextsOf(table_, row);
+        auto* frame = new QGroupBox(texts.value(0), this);
         auto* layout = new QVBoxLayout(frame);
         auto* group = new QButtonGroup(frame);
         std::vector<int> ids;
-        for (int k = 0; k < RadioCount(row); ++k) {
+        QStringList buttons = RadioTexts(texts, row);
+        for (int k = 0; k < buttons.size(); ++k) {
             int id = row.controlId + k;
-            auto* radio = new QRadioButton(QString::number(k), frame);
+            auto* radio = new QRadioButton(buttons[k], frame);
             group->addButton(radio);
             layout->addWidget(radio);
             controls_[id] = radio;

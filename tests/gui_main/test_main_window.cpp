@@ -3,6 +3,7 @@
 #include "gui/plot_widget.h"
 #include "gui/qt_host.h"
 #include "gui/setup_dialog.h"
+#include "instrument/thermometer.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
 #include "ui/command_table.h"
@@ -18,6 +19,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 
@@ -228,6 +230,17 @@ TEST_F(Gui, EscapeIsCancel) {
     EXPECT_EQ(d.result(), 0);
     EXPECT_EQ(gNumber, 3);
     EXPECT_EQ(GetCurrentSetupTable(), nullptr);
+}
+
+TEST_F(Gui, RegisteredTextsNameTheRadioButtonsAndAddTheBrowseButton) {
+    QtSetupDialog d(TermometerSetupTable(), "Thermometer Setup");
+    auto* tofr = qobject_cast<QRadioButton*>(d.Control(IDC_TERMO_TOFR));
+    ASSERT_NE(tofr, nullptr);
+    EXPECT_EQ(tofr->text(), "T(R)");
+    auto* browse = qobject_cast<QPushButton*>(d.Control(IDC_TERMO_BROWSE));
+    ASSERT_NE(browse, nullptr);
+    EXPECT_EQ(browse->text(), ">>");
+    EXPECT_NE(qobject_cast<QLabel*>(d.Control(IDC_TERMO_CURRENT_LABEL)), nullptr);
 }
 
 } // namespace
