@@ -1,4 +1,4 @@
-#include "panel_rack.h"
+#include "common/panel_rack.h"
 
 #include "curve/undo.h"
 #include "gui/measure_dialog.h"

@@ -1,4 +1,4 @@
-#include "panel_rack.h"
+#include "common/panel_rack.h"
 
 #include "files/profile.h"
 #include "platform/headless_host.h"

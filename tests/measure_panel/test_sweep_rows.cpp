@@ -1,4 +1,4 @@
-#include "panel_rack.h"
+#include "common/panel_rack.h"
 #include "panel_view.h"
 
 #include "instrument/daq_cards.h"

@@ -4,7 +4,7 @@
 #include "files/data_file.h"
 #include "files/settings_registry.h"
 #include "instrument/daq_cards.h"
-#include "instrument/fake_rack.h"
+#include "common/fake_rack.h"
 #include "measure/measure_options.h"
 #include "support/cmdline.h"
 #include "support/program_folder.h"

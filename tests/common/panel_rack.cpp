@@ -1,4 +1,4 @@
-#include "panel_rack.h"
+#include "common/panel_rack.h"
 
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"

@@ -1,4 +1,4 @@
-#include "fake_rack.h"
+#include "common/fake_rack.h"
 
 #include "instrument/daq_cards.h"
 
