@@ -1,5 +1,6 @@
 #include "curve/curve_style.h"
 #include "instrument/daq_cards.h"
+#include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
 #include "support/physical_units.h"
 #include "ui/measure_panel.h"
@@ -158,6 +159,13 @@ void TimerTick(MeasurePanel& p) {
     CurrentRowView rows[kCurrentChannelCount];
     ShowCurrentRows(p, rows, ReadCurrentRows(p, rows));
     RefreshVoltageRows(p);
+    // The temperature field shows only when a T-sensor is wired, so no card is read for it
+    // otherwise.
+    if (p.view && FirstTSensorVoltage() >= 0) {
+        char text[20];
+        FormatTemperature(static_cast<f32>(GetTemperature()), text, sizeof text);
+        p.view->SetText(p.viewData, MC_Temperature, text);
+    }
 }
 
 void PanelAllToZero(MeasurePanel& p) {

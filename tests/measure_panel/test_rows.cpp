@@ -2,6 +2,7 @@
 #include "panel_view.h"
 
 #include "instrument/daq_cards.h"
+#include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
 
 #include <gtest/gtest.h>
@@ -81,6 +82,40 @@ TEST(Caption, TitleIsAppendedUnlessTooLong) {
     std::string longTitle(250, 'x');
     EXPECT_FALSE(MeasureCaption(caption, sizeof caption, longTitle.c_str()));
     EXPECT_STREQ("Measure IVC", caption);
+}
+
+} // namespace
+
+namespace {
+
+struct Temperature : ::testing::Test {
+    PanelRack rack;
+    MeasurePanel panel;
+    RecordedPanel view;
+    void TearDown() override { ResetTemperatureTable(); }
+};
+
+TEST_F(Temperature, TheTimerShowsTheThermometerOnlyWhenOneIsWired) {
+    OpenRecorded(panel, view, "IVC");
+    view.text.erase(MC_Temperature);
+    TimerTick(panel);
+    EXPECT_EQ(0u, view.text.count(MC_Temperature));
+
+    VoltageChannel& sensor = VoltageChannels[3];
+    sensor.kind = VOLTAGE_TSENSOR;
+    sensor.ADCSlot = VoltageChannels[0].ADCSlot;
+    sensor.ADCChan = 3;
+    sensor.extGain = 100;
+    TimerTick(panel);
+    EXPECT_EQ("InterpErr", view.text[MC_Temperature]); // no table loaded
+
+    TermoIsTofR = 1;
+    SensorCurrent = 1e-5f;
+    ASSERT_GT(LoadTemperatureCurve(SourcePath("data/thinfilm.R(T)").c_str()), 100);
+    TimerTick(panel);
+    const std::string& shown = view.text[MC_Temperature];
+    ASSERT_NE(std::string::npos, shown.find(" K")) << shown;
+    EXPECT_NEAR(4.2, std::stod(shown), 0.05) << shown;
 }
 
 } // namespace
