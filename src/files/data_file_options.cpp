@@ -5,8 +5,11 @@
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
+#include "ui/setup_texts.h"
 
 #include <cstdlib>
+#include <string>
+#include <utility>
 #include <strings.h>
 
 int32_t fShowOptionsOnSave = 1;
@@ -78,6 +81,38 @@ SetupRow* BuildRows() {
 
 SetupTable gDataFileSetupTable = {kFixedRows + 2 * kDataFileGroupCount, BuildRows(), nullptr, 0,
                                   nullptr};
+
+void RegisterDataFileTexts() {
+    static const SetupText kFixed[] = {
+        {IDC_SHOW_OPTIONS_ON_SAVE, SETUP_TEXT_LABEL, "Show these options before every &save"},
+        {IDC_SHOW_OPTIONS_ON_LOAD, SETUP_TEXT_LABEL, "Show these options before every &load"},
+        {IDC_DELIMITER_BLANK, SETUP_TEXT_LABEL, "Delimiter|&Blank|&Tab|&Comma"},
+        {IDC_COLUMN_WIDTH, SETUP_TEXT_LABEL, "Column &width (characters)"},
+        {IDC_SORT_CURVES, SETUP_TEXT_LABEL, "S&ort curves, longest first, before saving"},
+        {IDC_AUTO_DATA_FOLDER, SETUP_TEXT_LABEL, "&Folder of the automatic data file"},
+    };
+    // The group flags are labelled by what they steer, so that a crossed pair reads right and
+    // the unused key of a load-only group says so.
+    static std::string labels[2 * kDataFileGroupCount];
+    static SetupText texts[kFixedRows + 2 * kDataFileGroupCount];
+    unsigned n = 0;
+    for (const SetupText& t : kFixed)
+        texts[n++] = t;
+    int id = IDC_FIRST_GROUP_FLAG;
+    for (unsigned g = 0; g < kDataFileGroupCount; ++g) {
+        const DataFileGroup& group = gDataFileGroups[g];
+        const std::string name = group.name;
+        const char* saveKeyRole = "Save with data: ";
+        const char* loadKeyRole = "Load with data: ";
+        if (group.steering == STEER_CROSSED) std::swap(saveKeyRole, loadKeyRole);
+        if (group.steering == STEER_LOAD_ONLY) saveKeyRole = "Never saved with data: ";
+        labels[2 * g] = saveKeyRole + name;
+        labels[2 * g + 1] = loadKeyRole + name;
+        texts[n++] = {id++, SETUP_TEXT_LABEL, labels[2 * g].c_str()};
+        texts[n++] = {id++, SETUP_TEXT_LABEL, labels[2 * g + 1].c_str()};
+    }
+    RegisterSetupTexts(&gDataFileSetupTable, texts, n);
+}
 
 char DataFileDelimiter() {
     static const char kDelimiters[3] = {' ', '\t', ','};

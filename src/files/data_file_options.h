@@ -65,6 +65,8 @@ enum : int {
 
 // The group as one table: its dialog, and its load and save in vtl.ini.
 extern SetupTable gDataFileSetupTable;
+// The dialog texts of that table.
+void RegisterDataFileTexts();
 
 // The group functions of the settings lists (entry 3); both return 1.
 int LoadDataFileOptions(const char* fileName);

@@ -25,10 +25,13 @@ QtSetupDialog& Self(void* context) {
     return *static_cast<QtSetupDialog*>(context);
 }
 
-// The registered text of the control; else the key, which names the setting in vtl.ini.
+// The registered text of the control; else the key, which names the setting in vtl.ini. Only
+// a radio group's text is split: a label may hold a "|" of its own, as in "|V|".
 QStringList TextsOf(const SetupTable* table, const SetupRow& row) {
-    if (const SetupText* t = FindSetupText(table, row.controlId))
-        return TextFromStored(t->text).split('|');
+    if (const SetupText* t = FindSetupText(table, row.controlId)) {
+        QString text = TextFromStored(t->text);
+        return row.kind == SETUP_RADIO ? text.split('|') : QStringList{text};
+    }
     if (row.key && row.key[0]) return {TextFromStored(row.key)};
     return {QString("Value %1").arg(row.controlId)};
 }

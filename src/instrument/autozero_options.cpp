@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "ui/setup_table.h"
+#include "ui/setup_texts.h"
 
 #include <cstdint>
 
@@ -23,6 +24,7 @@ enum : int {
     ID_IGNORE_TSENSOR = 103,
     ID_CURRENT_MONITORS = 104,
     ID_REDO_ON_DOIT = 105,
+    ID_REDO_NOTE = 106,
 };
 
 const char kSetup[] = "Setup";
@@ -38,10 +40,22 @@ SetupRow gRows[] = {
 
 SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, nullptr, 0, nullptr};
 
+const SetupText kTexts[] = {
+    {ID_EXTRA_AVERAGING, SETUP_TEXT_LABEL, "&Extra averaging (reads of each voltage)"},
+    {ID_SHOW_WARNING, SETUP_TEXT_LABEL, "&Show AutoZero warning"},
+    {ID_IGNORE_TSENSOR, SETUP_TEXT_LABEL, "&Ignore T-sensor voltages"},
+    {ID_CURRENT_MONITORS, SETUP_TEXT_LABEL, "AutoZero current &monitors too"},
+    {ID_REDO_ON_DOIT, SETUP_TEXT_LABEL, "&Redo AutoZero when a measurement starts"},
+    {ID_REDO_NOTE, SETUP_TEXT_STATIC, kAutoZeroRedoNote},
+};
+
 } // namespace
 
 SetupTable* AutoZeroSetupTable() {
     return &gTable;
+}
+void RegisterAutoZeroTexts() {
+    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 int LoadAutoZeroOptions(const char* fileName) {
     return LoadOptionTable(&gTable, fileName);

@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "ui/setup_table.h"
+#include "ui/setup_texts.h"
 
 namespace {
 
@@ -16,6 +17,7 @@ enum : int {
     ID_RATE_LABEL = 107,
     ID_ISTATUS = 108,
     ID_VSTATUS = 109,
+    ID_NOTE = 110,
 };
 
 const char kMath[] = "Math";
@@ -57,10 +59,28 @@ int AveragingCallback(SetupDialog* dialog, int id, void*, int) {
 SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, AveragingCallback,
                      sizeof kDependencies / sizeof kDependencies[0], kDependencies};
 
+// The rate's row label stands for the layout's separate rate label.
+const SetupText kTexts[] = {
+    {ID_CURRENT_TIMES, SETUP_TEXT_LABEL, "&Number of samples"},
+    {ID_CURRENT_START, SETUP_TEXT_LABEL, "S&tart averaging from"},
+    {ID_VOLTAGE_TIMES, SETUP_TEXT_LABEL, "N&umber of samples"},
+    {ID_VOLTAGE_START, SETUP_TEXT_LABEL, "St&art avearging from"},
+    {ID_TURBO, SETUP_TEXT_LABEL, "Use Turbo (if possible)"},
+    {ID_RATE, SETUP_TEXT_LABEL, "Rate (samples/sec): . . . . "},
+    {ID_ISTATUS, SETUP_TEXT_LABEL, "I-Status:"},
+    {ID_VSTATUS, SETUP_TEXT_LABEL, "V-Status:"},
+    {ID_NOTE, SETUP_TEXT_STATIC,
+     "Remember that Start point should be at least two times less than number of points"},
+};
+
 } // namespace
 
 SetupTable* AveragingSetupTable() {
     return &gTable;
+}
+
+void RegisterAveragingTexts() {
+    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 
 int LoadAveragingOptions(const char* fileName) {

@@ -6,6 +6,7 @@
 #include "support/c_locale.h"
 #include "support/message_box.h"
 #include "ui/setup_table.h"
+#include "ui/setup_texts.h"
 
 i32 TermoIsTofR = 1;
 f32 SensorCurrent = 0.00001f;
@@ -53,6 +54,15 @@ int TermoCallback(SetupDialog* dialog, int id, void*, int) {
 SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, TermoCallback,
                      sizeof kDependencies / sizeof kDependencies[0], kDependencies};
 
+const SetupText kTexts[] = {
+    {IDC_TERMO_TOFV, SETUP_TEXT_LABEL, "Thermometer|T(V)|T(R)"},
+    {IDC_TERMO_CURRENT, SETUP_TEXT_LABEL, "Current through the T-sensor (A)"},
+    {IDC_TERMO_ABSV, SETUP_TEXT_LABEL, "Use |V| instead of V"},
+    {IDC_TERMO_FILENAME, SETUP_TEXT_LABEL, "Calibration table"},
+    {IDC_TERMO_CURRENT_LABEL, SETUP_TEXT_STATIC, "Sensor current"},
+    {IDC_TERMO_BROWSE, SETUP_TEXT_BUTTON, ">>"},
+};
+
 int ReloadTable() {
     char path[4096];
     TermoCalibrationPath(path, sizeof path);
@@ -63,6 +73,10 @@ int ReloadTable() {
 
 SetupTable* TermometerSetupTable() {
     return &gTable;
+}
+
+void RegisterTermometerTexts() {
+    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 
 int LoadTermometerOptions(const char* fileName) {

@@ -1,5 +1,6 @@
 #include "measure/ivc_options.h"
 #include "platform/host.h"
+#include "ui/setup_texts.h"
 
 #include <cfloat>
 #include <climits>
@@ -53,12 +54,38 @@ template <size_t N> constexpr unsigned Count(const SetupRow (&)[N]) {
     return static_cast<unsigned>(N);
 }
 
+const SetupText kIVCTexts[] = {
+    {IDC_IVC_TRIGGER, SETUP_TEXT_LABEL, "&Trigger after setting each value of sweep1"},
+};
+const SetupText kIVCxAxisTexts[] = {
+    {IDC_IVC_XAXIS_SWEEP1, SETUP_TEXT_LABEL,
+     "x axis values|Sweep&1|The value is increased &automatically"},
+    {IDC_IVC_XAXIS_FACTOR, SETUP_TEXT_LABEL, "x axis factor (e.g. to get Oe from mA)"},
+    {IDC_IVC_XAXIS_UNITS, SETUP_TEXT_LABEL, "x axis units (e.g. A)"},
+    {IDC_IVC_XAXIS_FROM, SETUP_TEXT_LABEL, "&from"},
+    {IDC_IVC_XAXIS_STEP, SETUP_TEXT_LABEL, "with step"},
+    {IDC_IVC_XAXIS_AUTO_UNITS, SETUP_TEXT_LABEL, "x axis units (e.g. dBm):"},
+};
+const SetupText kTriggerTexts[] = {
+    {IDC_TRIGGER_LEVEL1, SETUP_TEXT_LABEL, "Level 1 [-1..+1] . . . . . . . . . . . . "},
+    {IDC_TRIGGER_LEVEL2, SETUP_TEXT_LABEL, "Level 2 [-1..+1] . . . . . . . . . . . . "},
+    {IDC_TRIGGER_DELAY, SETUP_TEXT_LABEL, "Delay (ms) . . . . . . . . . . . . "},
+};
+
 } // namespace
 
 SetupTable gIVCSetupTable = {Count(gIVCRows), gIVCRows, nullptr, 0, nullptr};
 SetupTable gIVCxAxisSetupTable = {Count(gIVCxAxisRows), gIVCxAxisRows, nullptr, 2,
                                   gIVCxAxisDependencies};
 SetupTable gTriggerSetupTable = {Count(gTriggerRows), gTriggerRows, nullptr, 0, nullptr};
+
+void RegisterIVCTexts() {
+    RegisterSetupTexts(&gIVCSetupTable, kIVCTexts, sizeof kIVCTexts / sizeof kIVCTexts[0]);
+    RegisterSetupTexts(&gIVCxAxisSetupTable, kIVCxAxisTexts,
+                       sizeof kIVCxAxisTexts / sizeof kIVCxAxisTexts[0]);
+    RegisterSetupTexts(&gTriggerSetupTable, kTriggerTexts,
+                       sizeof kTriggerTexts / sizeof kTriggerTexts[0]);
+}
 
 int Trigger_LoadOptions(const char* fileName) {
     LoadOptionTable(&gTriggerSetupTable, fileName);

@@ -35,6 +35,8 @@ enum : int {
 extern SetupTable gIVCSetupTable;
 extern SetupTable gIVCxAxisSetupTable;
 extern SetupTable gTriggerSetupTable;
+// The dialog texts of the three tables above.
+void RegisterIVCTexts();
 
 // The trigger group of the settings lists; it carries the IVC options with it, so that the
 // options of the first measurement come back at start like every other group.

@@ -1,6 +1,7 @@
 #include "measure/measure_options.h"
 
 #include "platform/host.h"
+#include "ui/setup_texts.h"
 
 #include <climits>
 
@@ -47,6 +48,30 @@ template <size_t N> constexpr unsigned Count(const SetupRow (&)[N]) {
     return static_cast<unsigned>(N);
 }
 
+const SetupText kDelaysTexts[] = {
+    {IDC_DELAY_AFTER_JUMP, SETUP_TEXT_LABEL,
+     "After the current jumps at the 1st point: (ms). . . . . . . . ."},
+    {IDC_SYSTEM_DECAY_TIME, SETUP_TEXT_LABEL,
+     "After Sweep1 is set (ms). . . . . . . . . . . . . . . . . . . . . . . . . "},
+    {IDC_DELAY_AFTER_SWEEP2, SETUP_TEXT_LABEL,
+     "After Sweep2 is set (ms). . . . . . . . . . . . . . . . . . . . . "},
+    {IDC_DELAY_BEFORE_VOLTAGE, SETUP_TEXT_LABEL,
+     "After MUXing (ms). . . . . . . . . . . . . . . . . . . . . . . . . . . . . . . "},
+    {IDC_MAX_DAC_STEP, SETUP_TEXT_LABEL,
+     "Maximum DAC step (DAC units). . . . . . . . . . . . . . . ."},
+    {IDC_PRIMITIVE_GENERATOR_STEP, SETUP_TEXT_LABEL,
+     "Primitive Generator step (DAC units). . . . . . . . . . . "},
+    {IDC_INTERACTION_TIME, SETUP_TEXT_LABEL, "Interactivity (ms). . . . . . . . . . . "},
+    {IDC_STOP_AFTER_EACH_CURVE, SETUP_TEXT_LABEL,
+     "Stop after each curve/point in IVF, Ic(H), Im(H)"},
+};
+const SetupText kGeneralTexts[] = {
+    {IDC_MEASURE_IN_EACH_POINT, SETUP_TEXT_LABEL,
+     "How the sweep current is measured|In each point|Only on the edges and assume it's linear"},
+    {IDC_SWAP_XY_AXES, SETUP_TEXT_LABEL, "Swap X-Y Axes after IVC && IVF"},
+    {IDC_RESCALE_AFTER_MEASUREMENT, SETUP_TEXT_LABEL, "Rescale plot after measurement"},
+};
+
 const char* YesNo(int32_t flag) {
     return flag ? "Yes" : "No";
 }
@@ -56,6 +81,13 @@ const char* YesNo(int32_t flag) {
 SetupTable gDelaysSetupTable = {Count(gDelaysRows), gDelaysRows, nullptr, 0, nullptr};
 SetupTable gGeneralMeasureSetupTable = {Count(gGeneralMeasureRows), gGeneralMeasureRows, nullptr, 0,
                                         nullptr};
+
+void RegisterMeasureOptionTexts() {
+    RegisterSetupTexts(&gDelaysSetupTable, kDelaysTexts,
+                       sizeof kDelaysTexts / sizeof kDelaysTexts[0]);
+    RegisterSetupTexts(&gGeneralMeasureSetupTable, kGeneralTexts,
+                       sizeof kGeneralTexts / sizeof kGeneralTexts[0]);
+}
 
 int Delays_LoadOptions(const char* fileName) {
     return LoadOptionTable(&gDelaysSetupTable, fileName);

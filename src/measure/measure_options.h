@@ -25,6 +25,8 @@ extern int32_t RescalePlotAfterMeasurement;
 
 extern SetupTable gDelaysSetupTable;
 extern SetupTable gGeneralMeasureSetupTable;
+// The dialog texts of the delays and the general tables.
+void RegisterMeasureOptionTexts();
 
 // Control numbers of the two dialogs.
 enum : int {

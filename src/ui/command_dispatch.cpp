@@ -18,6 +18,7 @@
 #include "ui/main_window_calls.h"
 #include "ui/measure_command.h"
 #include "ui/setup_table.h"
+#include "ui/setup_texts.h"
 
 #include <utility>
 
@@ -31,6 +32,7 @@ namespace {
 
 SetupRow gUserRows[] = {SetupTextRow(101, gUserName, sizeof gUserName, "Setup", nullptr)};
 SetupTable gUserTable = {1, gUserRows, nullptr, 0, nullptr};
+const SetupText kUserTexts[] = {{101, SETUP_TEXT_LABEL, "&User name"}};
 
 // The dialog starts in the last data folder.
 bool AskDataPath(int save, const char* title, const char* filter, char* path, size_t size) {
@@ -262,6 +264,10 @@ int Run(void* window, int command) {
 }
 
 } // namespace
+
+void RegisterCommandDialogTexts() {
+    RegisterSetupTexts(&gUserTable, kUserTexts, sizeof kUserTexts / sizeof kUserTexts[0]);
+}
 
 int CommandDispatch(void* window, int command) {
     const CommandRow* row = FindCommand(command);

@@ -1,6 +1,7 @@
 #include "ui/plot_options.h"
 
 #include "ui/setup_table.h"
+#include "ui/setup_texts.h"
 
 PlotOptions gPlotOptions;
 
@@ -31,10 +32,25 @@ SetupRow gPlotOptionRows[] = {
                 PLOT_TICK_SIZE_MIN, PLOT_TICK_SIZE_MAX),
 };
 
+const SetupText kPlotOptionTexts[] = {
+    {ID_GRID_X, SETUP_TEXT_LABEL, "Big divisions of the &X axis"},
+    {ID_GRID_Y, SETUP_TEXT_LABEL, "Big divisions of the &Y axis"},
+    {ID_SMALL_TICKS_X, SETUP_TEXT_LABEL, "Small ticks in a division of X"},
+    {ID_SMALL_TICKS_Y, SETUP_TEXT_LABEL, "Small ticks in a division of Y"},
+    {ID_OPTIMIZE_GRID, SETUP_TEXT_LABEL, "&Optimize grid"},
+    {ID_BIG_TICK_SIZE, SETUP_TEXT_LABEL, "&Big tick size (0.1 mm, negative: outward)"},
+    {ID_SMALL_TICK_SIZE, SETUP_TEXT_LABEL, "&Small tick size (0.1 mm, negative: outward)"},
+};
+
 } // namespace
 
 SetupTable gPlotOptionsTable = {sizeof gPlotOptionRows / sizeof gPlotOptionRows[0], gPlotOptionRows,
                                 nullptr, 0, nullptr};
+
+void RegisterPlotOptionTexts() {
+    RegisterSetupTexts(&gPlotOptionsTable, kPlotOptionTexts,
+                       sizeof kPlotOptionTexts / sizeof kPlotOptionTexts[0]);
+}
 
 int LoadPlotOptions(const char* fileName) {
     LoadOptionTable(&gPlotOptionsTable, fileName);

@@ -1,7 +1,13 @@
 #include "ui/setup_texts.h"
 
+#include "files/data_file_options.h"
+#include "instrument/autozero.h"
+#include "instrument/averaging.h"
 #include "instrument/thermometer.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
+#include "ui/command_table.h"
+#include "ui/plot_options.h"
 
 #include <map>
 #include <utility>
@@ -15,33 +21,16 @@ std::map<const SetupTable*, TextList>& Registry() {
     return registry;
 }
 
-// The texts of the groups whose dialogs carry more than their keys say.
-const SetupText kDelaysTexts[] = {
-    {IDC_DELAY_AFTER_JUMP, 0, "Delay after current jumps to the first point (ms)"},
-    {IDC_SYSTEM_DECAY_TIME, 0, "Delay after Sweep1 is set (ms)"},
-    {IDC_DELAY_AFTER_SWEEP2, 0, "Delay after Sweep2 is set (ms)"},
-    {IDC_DELAY_BEFORE_VOLTAGE, 0, "Delay after multiplexing  (ms)"},
-    {IDC_INTERACTION_TIME, 0, "Interactivity time (ms)"},
-    {IDC_STOP_AFTER_EACH_CURVE, 0, "Stop After Each Curve?"},
-};
-const SetupText kGeneralTexts[] = {
-    {IDC_MEASURE_IN_EACH_POINT, 0,
-     "How the sweep current is measured|In each point|Only on the edges"},
-};
-const SetupText kTermometerTexts[] = {
-    {IDC_TERMO_TOFV, 0, "Thermometer|T(V)|T(R)"},
-    {IDC_TERMO_CURRENT_LABEL, SETUP_TEXT_STATIC, "Sensor current"},
-    {IDC_TERMO_BROWSE, SETUP_TEXT_BUTTON, ">>"},
-};
-
-template <unsigned N> void Register(const SetupTable* table, const SetupText (&texts)[N]) {
-    RegisterSetupTexts(table, texts, N);
-}
-
+// Each table's texts stand beside the table; this is where they all join.
 bool RegisterBuiltIn() {
-    Register(&gDelaysSetupTable, kDelaysTexts);
-    Register(&gGeneralMeasureSetupTable, kGeneralTexts);
-    Register(TermometerSetupTable(), kTermometerTexts);
+    RegisterMeasureOptionTexts();
+    RegisterIVCTexts();
+    RegisterTermometerTexts();
+    RegisterAveragingTexts();
+    RegisterAutoZeroTexts();
+    RegisterDataFileTexts();
+    RegisterPlotOptionTexts();
+    RegisterCommandDialogTexts();
     return true;
 }
 

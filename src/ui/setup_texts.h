@@ -1,5 +1,5 @@
 // The texts of a table-driven dialog's controls, by table and control number: what a dialog
-// layout holds besides the rows. A row's text is its label; a radio group's text is
+// layout holds besides the rows. A row's text is its label, taken whole; a radio group's text is
 // "caption|first button|second button|..."; controls that are not rows (a browse button, a
 // static label that a dependency greys out) are listed with their kind.
 #pragma once

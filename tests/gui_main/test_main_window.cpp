@@ -3,7 +3,9 @@
 #include "gui/plot_widget.h"
 #include "gui/qt_host.h"
 #include "gui/setup_dialog.h"
+#include "instrument/averaging.h"
 #include "instrument/thermometer.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
 #include "ui/command_table.h"
@@ -241,6 +243,32 @@ TEST_F(Gui, RegisteredTextsNameTheRadioButtonsAndAddTheBrowseButton) {
     ASSERT_NE(browse, nullptr);
     EXPECT_EQ(browse->text(), ">>");
     EXPECT_NE(qobject_cast<QLabel*>(d.Control(IDC_TERMO_CURRENT_LABEL)), nullptr);
+}
+
+TEST_F(Gui, RowsShowTheirLabelsAndNotTheirKeys) {
+    QtSetupDialog averaging(AveragingSetupTable(), "Averaging Setup");
+    QStringList labels;
+    for (QLabel* label : averaging.findChildren<QLabel*>())
+        labels << label->text();
+    EXPECT_TRUE(labels.contains("&Number of samples")) << labels.join(" / ").toStdString();
+    EXPECT_TRUE(labels.contains("Rate (samples/sec): . . . . "));
+    EXPECT_FALSE(labels.contains("GetCurrentAveragingTimes"));
+
+    QtSetupDialog ivc(&gIVCSetupTable, "IVC Options");
+    auto* trigger = qobject_cast<QCheckBox*>(ivc.Control(IDC_IVC_TRIGGER));
+    ASSERT_NE(trigger, nullptr);
+    EXPECT_EQ(trigger->text(), "&Trigger after setting each value of sweep1");
+
+    QtSetupDialog axis(&gIVCxAxisSetupTable, "IVC x axis");
+    auto* automatic = qobject_cast<QRadioButton*>(axis.Control(IDC_IVC_XAXIS_AUTO));
+    ASSERT_NE(automatic, nullptr);
+    EXPECT_EQ(automatic->text(), "The value is increased &automatically");
+
+    // A bar in a label is part of it, not a separator of buttons.
+    QtSetupDialog termo(TermometerSetupTable(), "Thermometer Setup");
+    auto* absv = qobject_cast<QCheckBox*>(termo.Control(IDC_TERMO_ABSV));
+    ASSERT_NE(absv, nullptr);
+    EXPECT_EQ(absv->text(), "Use |V| instead of V");
 }
 
 } // namespace
