@@ -157,6 +157,8 @@ class HeadlessEnvironment : public ::testing::EmptyTestEventListener {
 };
 
 int main(int argc, char** argv) {
+    // Widget tests run without a display unless one is asked for.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
     ::testing::InitGoogleMock(&argc, argv);
     ::testing::UnitTest::GetInstance()->listeners().Append(new HeadlessEnvironment);
     return RUN_ALL_TESTS();
