@@ -71,66 +71,79 @@ unsigned ValidateVoltageChannel(VoltageChannel& v) {
     return mask;
 }
 
-int LoadVirtualChannels(const char* file) {
+void LoadCurrentRecord(CurrentChannel& c, int i, const char* file) {
     ProfileBatch batch(file);
     const char* s = kCurrentsSection;
-    for (int i = 0; i < kCurrentChannelCount; ++i) {
-        CurrentChannel& c = CurrentChannels[i];
-        c.kind = static_cast<i16>(ReadInt(s, "VirtCurr", i, "kind", 0, file));
-        ReadComment(s, "VirtCurr", i, c.comment, file);
-        c.DACSlot = static_cast<u16>(ReadInt(s, "VirtCurr", i, "DACSlot", 0, file));
-        // The default -1 becomes 65535 and fails the channel check: a record never saved
-        // ends on channel 0.
-        c.DACChan = static_cast<u16>(ReadInt(s, "VirtCurr", i, "DACChan", -1, file));
-        c.ADCSlot = static_cast<u16>(ReadInt(s, "VirtCurr", i, "ADCSlot", 0, file));
-        c.ADCChan = static_cast<u16>(ReadInt(s, "VirtCurr", i, "ADCChan", 0, file));
-        c.ADCGain = ReadFloat(s, "VirtCurr", i, "ADCGain", file);
-        c.extGain = ReadFloat(s, "VirtCurr", i, "extGain", file);
-        c.R = ReadFloat(s, "VirtCurr", i, "R", file);
-        c.flag = static_cast<u16>(ReadInt(s, "VirtCurr", i, "flag", 0, file));
-        ValidateCurrentChannel(c);
-    }
-    s = kVoltagesSection;
-    for (int i = 0; i < kVoltageChannelCount; ++i) {
-        VoltageChannel& v = VoltageChannels[i];
-        v.kind = static_cast<i16>(ReadInt(s, "VirtVolt", i, "kind", 0, file));
-        ReadComment(s, "VirtVolt", i, v.comment, file);
-        v.ADCSlot = static_cast<u16>(ReadInt(s, "VirtVolt", i, "ADCSlot", 0, file));
-        v.ADCChan = static_cast<u16>(ReadInt(s, "VirtVolt", i, "ADCChan", 0, file));
-        v.ADCGain = ReadFloat(s, "VirtVolt", i, "ADCGain", file);
-        v.extGain = ReadFloat(s, "VirtVolt", i, "extGain", file);
-        v.NoAutoZero = static_cast<u16>(ReadInt(s, "VirtVolt", i, "NoAutoZero", 0, file));
-        ValidateVoltageChannel(v);
-    }
+    c.kind = static_cast<i16>(ReadInt(s, "VirtCurr", i, "kind", 0, file));
+    ReadComment(s, "VirtCurr", i, c.comment, file);
+    c.DACSlot = static_cast<u16>(ReadInt(s, "VirtCurr", i, "DACSlot", 0, file));
+    // The default -1 becomes 65535 and fails the channel check: a record never saved ends on
+    // channel 0.
+    c.DACChan = static_cast<u16>(ReadInt(s, "VirtCurr", i, "DACChan", -1, file));
+    c.ADCSlot = static_cast<u16>(ReadInt(s, "VirtCurr", i, "ADCSlot", 0, file));
+    c.ADCChan = static_cast<u16>(ReadInt(s, "VirtCurr", i, "ADCChan", 0, file));
+    c.ADCGain = ReadFloat(s, "VirtCurr", i, "ADCGain", file);
+    c.extGain = ReadFloat(s, "VirtCurr", i, "extGain", file);
+    c.R = ReadFloat(s, "VirtCurr", i, "R", file);
+    c.flag = static_cast<u16>(ReadInt(s, "VirtCurr", i, "flag", 0, file));
+    ValidateCurrentChannel(c);
+}
+
+void LoadVoltageRecord(VoltageChannel& v, int i, const char* file) {
+    ProfileBatch batch(file);
+    const char* s = kVoltagesSection;
+    v.kind = static_cast<i16>(ReadInt(s, "VirtVolt", i, "kind", 0, file));
+    ReadComment(s, "VirtVolt", i, v.comment, file);
+    v.ADCSlot = static_cast<u16>(ReadInt(s, "VirtVolt", i, "ADCSlot", 0, file));
+    v.ADCChan = static_cast<u16>(ReadInt(s, "VirtVolt", i, "ADCChan", 0, file));
+    v.ADCGain = ReadFloat(s, "VirtVolt", i, "ADCGain", file);
+    v.extGain = ReadFloat(s, "VirtVolt", i, "extGain", file);
+    v.NoAutoZero = static_cast<u16>(ReadInt(s, "VirtVolt", i, "NoAutoZero", 0, file));
+    ValidateVoltageChannel(v);
+}
+
+void SaveCurrentRecord(const CurrentChannel& c, int i, const char* file) {
+    ProfileBatch batch(file);
+    const char* s = kCurrentsSection;
+    WriteInt(s, "VirtCurr", i, "kind", c.kind, file);
+    WritePrivateProfileString(s, Key("VirtCurr", i, "comment").text, c.comment, file);
+    WriteInt(s, "VirtCurr", i, "DACSlot", c.DACSlot, file);
+    WriteInt(s, "VirtCurr", i, "DACChan", c.DACChan, file);
+    WriteInt(s, "VirtCurr", i, "ADCSlot", c.ADCSlot, file);
+    WriteInt(s, "VirtCurr", i, "ADCChan", c.ADCChan, file);
+    WriteFloat(s, "VirtCurr", i, "ADCGain", c.ADCGain, file);
+    WriteFloat(s, "VirtCurr", i, "extGain", c.extGain, file);
+    WriteFloat(s, "VirtCurr", i, "R", c.R, file);
+    WriteInt(s, "VirtCurr", i, "flag", c.flag, file);
+}
+
+void SaveVoltageRecord(const VoltageChannel& v, int i, const char* file) {
+    ProfileBatch batch(file);
+    const char* s = kVoltagesSection;
+    WriteInt(s, "VirtVolt", i, "kind", v.kind, file);
+    WritePrivateProfileString(s, Key("VirtVolt", i, "comment").text, v.comment, file);
+    WriteInt(s, "VirtVolt", i, "ADCSlot", v.ADCSlot, file);
+    WriteInt(s, "VirtVolt", i, "ADCChan", v.ADCChan, file);
+    WriteFloat(s, "VirtVolt", i, "ADCGain", v.ADCGain, file);
+    WriteFloat(s, "VirtVolt", i, "extGain", v.extGain, file);
+    WriteInt(s, "VirtVolt", i, "NoAutoZero", v.NoAutoZero, file);
+}
+
+// All currents first, then all voltages, each record validated as it comes.
+int LoadVirtualChannels(const char* file) {
+    ProfileBatch batch(file);
+    for (int i = 0; i < kCurrentChannelCount; ++i)
+        LoadCurrentRecord(CurrentChannels[i], i, file);
+    for (int i = 0; i < kVoltageChannelCount; ++i)
+        LoadVoltageRecord(VoltageChannels[i], i, file);
     return 1;
 }
 
 int SaveVirtualChannels(const char* file) {
     ProfileBatch batch(file);
-    const char* s = kCurrentsSection;
-    for (int i = 0; i < kCurrentChannelCount; ++i) {
-        const CurrentChannel& c = CurrentChannels[i];
-        WriteInt(s, "VirtCurr", i, "kind", c.kind, file);
-        WritePrivateProfileString(s, Key("VirtCurr", i, "comment").text, c.comment, file);
-        WriteInt(s, "VirtCurr", i, "DACSlot", c.DACSlot, file);
-        WriteInt(s, "VirtCurr", i, "DACChan", c.DACChan, file);
-        WriteInt(s, "VirtCurr", i, "ADCSlot", c.ADCSlot, file);
-        WriteInt(s, "VirtCurr", i, "ADCChan", c.ADCChan, file);
-        WriteFloat(s, "VirtCurr", i, "ADCGain", c.ADCGain, file);
-        WriteFloat(s, "VirtCurr", i, "extGain", c.extGain, file);
-        WriteFloat(s, "VirtCurr", i, "R", c.R, file);
-        WriteInt(s, "VirtCurr", i, "flag", c.flag, file);
-    }
-    s = kVoltagesSection;
-    for (int i = 0; i < kVoltageChannelCount; ++i) {
-        const VoltageChannel& v = VoltageChannels[i];
-        WriteInt(s, "VirtVolt", i, "kind", v.kind, file);
-        WritePrivateProfileString(s, Key("VirtVolt", i, "comment").text, v.comment, file);
-        WriteInt(s, "VirtVolt", i, "ADCSlot", v.ADCSlot, file);
-        WriteInt(s, "VirtVolt", i, "ADCChan", v.ADCChan, file);
-        WriteFloat(s, "VirtVolt", i, "ADCGain", v.ADCGain, file);
-        WriteFloat(s, "VirtVolt", i, "extGain", v.extGain, file);
-        WriteInt(s, "VirtVolt", i, "NoAutoZero", v.NoAutoZero, file);
-    }
+    for (int i = 0; i < kCurrentChannelCount; ++i)
+        SaveCurrentRecord(CurrentChannels[i], i, file);
+    for (int i = 0; i < kVoltageChannelCount; ++i)
+        SaveVoltageRecord(VoltageChannels[i], i, file);
     return 1;
 }

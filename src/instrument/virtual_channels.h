@@ -151,6 +151,12 @@ unsigned ValidateCurrentChannel(CurrentChannel& channel);
 unsigned ValidateVoltageChannel(VoltageChannel& channel);
 
 // The group of the settings lists: all 32 currents, then all 128 voltages, each validated at once.
+// One record from or to the sections "Virtual Currents" and "Virtual Voltages"; a loaded record
+// is validated at once.
+void LoadCurrentRecord(CurrentChannel& record, int index, const char* fileName);
+void LoadVoltageRecord(VoltageChannel& record, int index, const char* fileName);
+void SaveCurrentRecord(const CurrentChannel& record, int index, const char* fileName);
+void SaveVoltageRecord(const VoltageChannel& record, int index, const char* fileName);
 int LoadVirtualChannels(const char* fileName);
 int SaveVirtualChannels(const char* fileName);
 

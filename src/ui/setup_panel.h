@@ -97,9 +97,3 @@ std::vector<std::string> AdcChannelList(int adc, int skipCurrent, int skipVoltag
 std::vector<std::string> DacChannelList(int dac, int skipCurrent);
 std::vector<std::string> CardList(bool dacs);
 std::vector<std::string> GainList(int adc);
-
-// One record to and from the settings file, in the keys of the whole table.
-void SaveCurrentRecord(const CurrentChannel& record, int index, const char* file);
-void SaveVoltageRecord(const VoltageChannel& record, int index, const char* file);
-void LoadCurrentRecord(CurrentChannel& record, int index, const char* file);
-void LoadVoltageRecord(VoltageChannel& record, int index, const char* file);
