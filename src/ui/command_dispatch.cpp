@@ -7,6 +7,7 @@
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/thermometer.h"
+#include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
@@ -213,6 +214,12 @@ int Run(void* window, int command) {
         return 1;
     case 172:
         Delays_OptionsDialog(window);
+        return 1;
+    case 268:
+        IVC_OptionsDialog(window);
+        return 1;
+    case 282:
+        Trigger_OptionsDialog(window);
         return 1;
     case 265:
         AutoZeroOptionsDialog();

@@ -108,17 +108,18 @@ std::string TextOfKey(const SetupTable* table, const char* key) {
 }
 
 TEST_F(OptionDialogTexts, EveryDialogOfTheCommandsIsLabelled) {
-    // Averaging, data file, thermometer, delays, AutoZero, general measurement, user name.
-    const int kCommands[] = {146, 142, 166, 172, 265, 264, 199};
+    // Averaging, data file, thermometer, delays, AutoZero, general measurement, user name,
+    // V(I) options, trigger.
+    const int kCommands[] = {146, 142, 166, 172, 265, 264, 199, 268, 282};
     for (int command : kCommands) {
         size_t before = gOpened.size();
         EXPECT_EQ(CommandDispatch(nullptr, command), 1) << command;
         EXPECT_EQ(gOpened.size(), before + 1) << "command " << command << " opened no dialog";
     }
-    // The measurement dialogs open these; the Axes table serves the plot's options.
-    IVC_OptionsDialog(nullptr);
+    EXPECT_EQ(gOpened[7], &gIVCSetupTable);
+    EXPECT_EQ(gOpened[8], &gTriggerSetupTable);
+    // The measurement dialog's x axis button opens this; the Axes table serves the plot.
     IVC_xAxisDialog(nullptr);
-    Trigger_OptionsDialog(nullptr);
     gOpened.push_back(&gPlotOptionsTable);
     ASSERT_EQ(gOpened.size(), 11u);
     std::set<SetupTable*> distinct(gOpened.begin(), gOpened.end());
