@@ -6,6 +6,7 @@
 #include "gui/plot_widget.h"
 #include "gui/qt_canvas.h"
 #include "gui/qt_host.h"
+#include "gui/temperature_window.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
@@ -66,9 +67,20 @@ int QtCurveStyle(void* window, int slot) {
 void QtUpdateMenus(void* window) {
     if (Window(window)) Window(window)->UpdateMenus();
 }
+void QtOpenToolWindow(void* window, int command, int layout) {
+    if (command == kTemperatureCommand) OpenTemperatureWindow(Window(window), layout);
+}
+void QtCloseToolWindow(void*, int command) {
+    if (command == kTemperatureCommand) CloseTemperatureWindow();
+}
+// The modifiers of the key or click that triggered the action.
+int QtShiftDown(void*) {
+    return (QApplication::keyboardModifiers() & Qt::ShiftModifier) != 0;
+}
 
-const MainWindowCalls kQtWindowCalls = {QtRefresh,     QtSetTitle,   QtDestroy,    QtAbout,
-                                        QtChooseCurve, QtCurveStyle, QtUpdateMenus};
+const MainWindowCalls kQtWindowCalls = {
+    QtRefresh,    QtSetTitle,    QtDestroy,        QtAbout,           QtChooseCurve,
+    QtCurveStyle, QtUpdateMenus, QtOpenToolWindow, QtCloseToolWindow, QtShiftDown};
 
 QList<QKeySequence> KeysOf(const CommandRow& row) {
     QList<QKeySequence> keys;

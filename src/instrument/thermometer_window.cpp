@@ -1,7 +1,8 @@
 #include "instrument/thermometer_window.h"
 
-#include "instrument/thermometer.h"
+#include "measure/measure_run.h"
 #include "support/c_locale.h"
+#include "support/physical_units.h"
 
 #include <cmath>
 
@@ -9,10 +10,19 @@ const char kTermoWindowCaption[] = "Temperature";
 const char kTermoTimerFailedText[] = "Can't set timer";
 const char kTermoTimerFailedCaption[] = "Temperature--error";
 
-f64 TermoWindowTick(char* text, size_t size) {
-    f64 kelvin = GetTemperature();
-    FormatTemperature(static_cast<f32>(kelvin), text, size);
-    return kelvin;
+bool TermoWindowTick(TemperatureReading& last, char* text, size_t size) {
+    if (IsMeasurementRunning()) return false;
+    last = ReadTemperature();
+    FormatTemperature(static_cast<f32>(last.kelvin), text, size);
+    return true;
+}
+
+void TermoSensorText(const TemperatureReading& reading, char* text, size_t size) {
+    if (size) text[0] = '\0';
+    if (reading.voltage < 0 || size == 0) return;
+    char value[64];
+    FormatPhysical(value, reading.sensorValue, TermoIsTofR ? "Ohm" : "V", sizeof value);
+    SnprintfC(text, size, "%s = %s", TermoIsTofR ? "R" : "V", value);
 }
 
 const char* TermoWindowTitle(bool minimised, const char* temperatureText) {

@@ -3,11 +3,15 @@
 // stays a thin layer over these.
 #pragma once
 #include "instrument/daq_cards.h"
+#include "instrument/thermometer.h"
 
 #include <cstddef>
 #include <cstdint>
 
 extern const char kTermoWindowCaption[];
+// The two layouts of the window; the wide one is chosen with Shift.
+constexpr int kTermoLayoutNarrow = 1568;
+constexpr int kTermoLayoutWide = 173;
 constexpr unsigned kTermoWindowTimerMs = 1000;
 extern const char kTermoTimerFailedText[];
 extern const char kTermoTimerFailedCaption[];
@@ -22,9 +26,12 @@ struct TermoBarLimits {
     f32 upper = 300.0f;
 };
 
-// One tick: reads the thermometer and formats it into text (kTermoTextSize or more); returns
-// the temperature, negative for the failures.
-f64 TermoWindowTick(char* text, size_t size);
+// One tick: reads the thermometer into last and formats its temperature into text
+// (kTermoTextSize or more). While a measurement runs only its thread may read the cards, so
+// last and text stay as they were; false then.
+bool TermoWindowTick(TemperatureReading& last, char* text, size_t size);
+// The sensor beside the temperature, "R = ... Ohm" or "V = ... V"; empty without a T-sensor.
+void TermoSensorText(const TemperatureReading& reading, char* text, size_t size);
 // The title: the temperature text while the window is an icon, else the caption.
 const char* TermoWindowTitle(bool minimised, const char* temperatureText);
 // Filled pixels of a bar height pixels tall, from the bottom.

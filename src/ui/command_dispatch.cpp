@@ -7,6 +7,7 @@
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/thermometer.h"
+#include "instrument/thermometer_window.h"
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
@@ -103,6 +104,17 @@ void HelpOutOfDate(void* window) {
                    "Warning", MB_OK | MB_ICONWARNING);
 }
 
+// The check mark is the window's state. The window removes the check itself when it closes,
+// whoever closes it.
+void ToggleToolWindow(void* window, int command, int layout) {
+    if (IsCommandChecked(command)) {
+        MainWindow().CloseToolWindow(window, command);
+        return;
+    }
+    MainWindow().OpenToolWindow(window, command, layout);
+    SetCommandChecked(command, 1);
+}
+
 void OpenCommandLineFiles(void* window) {
     for (int n = 1; n < PositionalCount(); ++n)
         OpenDataFile(window, Positional(n), n > 1);
@@ -168,6 +180,10 @@ int Run(void* window, int command) {
         RefreshAll(window);
         return 1;
 
+    case 134:
+        ToggleToolWindow(window, 134,
+                         MainWindow().ShiftDown(window) ? kTermoLayoutWide : kTermoLayoutNarrow);
+        return 1;
     case 159:
         if (!SaveUndo()) return 1;
         MainWindow().ChooseCurve(window, -1);

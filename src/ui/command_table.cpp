@@ -122,7 +122,7 @@ const CommandRow kRows[] = {
     {1014, O, WF, "1&4", nullptr, 0},
     {1015, O, WF, "1&5", nullptr, 0},
     {132, O, nullptr, "&Cursors\tCtrl+R", "Ctrl+R", S | T},
-    {134, O, nullptr, "&Temperature\tCtrl+T", "Ctrl+T|Ctrl+Shift+T", T},
+    {134, O, nullptr, "&Temperature\tCtrl+T", "Ctrl+T|Ctrl+Shift+T", B | T},
     {135, O, nullptr, "&Picture Info\tCtrl+P", "Ctrl+P|Ctrl+Shift+P", T},
     {180, O, nullptr, "Derivative Window dY/dX (X)", nullptr, T},
     {181, O, nullptr, "Derivative Window dY/dX (Y)", nullptr, T},

@@ -1,6 +1,7 @@
 #include "ui/main_window_calls.h"
 
 #include "support/bounded_text.h"
+#include "ui/command_table.h"
 #include "ui/main_state.h"
 
 namespace {
@@ -27,10 +28,25 @@ int HeadlessCurveStyle(void*, int slot) {
     return 1;
 }
 void HeadlessUpdateMenus(void*) {}
+void HeadlessOpenToolWindow(void*, int command, int layout) {
+    ++HeadlessWindow().toolOpens;
+    HeadlessWindow().lastToolCommand = command;
+    HeadlessWindow().lastToolLayout = layout;
+}
+// With no window to wait for, the close is at once and does what the closing window does.
+void HeadlessCloseToolWindow(void*, int command) {
+    ++HeadlessWindow().toolCloses;
+    HeadlessWindow().lastToolCommand = command;
+    SetCommandChecked(command, 0);
+}
+int HeadlessShiftDown(void*) {
+    return HeadlessWindow().shiftDown;
+}
 
-const MainWindowCalls kHeadless = {HeadlessRefresh,    HeadlessSetTitle,    HeadlessDestroy,
-                                   HeadlessAbout,      HeadlessChooseCurve, HeadlessCurveStyle,
-                                   HeadlessUpdateMenus};
+const MainWindowCalls kHeadless = {
+    HeadlessRefresh,         HeadlessSetTitle,   HeadlessDestroy,     HeadlessAbout,
+    HeadlessChooseCurve,     HeadlessCurveStyle, HeadlessUpdateMenus, HeadlessOpenToolWindow,
+    HeadlessCloseToolWindow, HeadlessShiftDown};
 const MainWindowCalls* gCalls = &kHeadless;
 
 } // namespace

@@ -17,6 +17,12 @@ struct MainWindowCalls {
     int (*CurveStyle)(void* window, int slot);
     // Menu items take their enabled and checked states from the command table again.
     void (*UpdateMenus)(void* window);
+    // The modeless tool window of a command: open it in a layout, or ask it to close (it
+    // removes its check mark itself as it closes).
+    void (*OpenToolWindow)(void* window, int command, int layout);
+    void (*CloseToolWindow)(void* window, int command);
+    // Whether Shift was down with the input that gave the command: it picks another layout.
+    int (*ShiftDown)(void* window);
 };
 
 const MainWindowCalls& MainWindow();
@@ -31,6 +37,11 @@ struct HeadlessWindowRecord {
     int chooseCurve = 0;
     int curveStyle = 0;
     int lastStyleSlot = -1;
+    int toolOpens = 0;
+    int toolCloses = 0;
+    int lastToolCommand = 0;
+    int lastToolLayout = 0;
+    int shiftDown = 0; // what ShiftDown answers
 };
 HeadlessWindowRecord& HeadlessWindow();
 

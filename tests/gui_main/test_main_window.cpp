@@ -1,4 +1,5 @@
 #include "curve/undo.h"
+#include "gui_app.h"
 #include "gui/main_window.h"
 #include "gui/plot_widget.h"
 #include "gui/qt_host.h"
@@ -31,27 +32,6 @@
 #include <thread>
 
 namespace {
-
-// The application lives from the first test to the end of the run, and goes before the exit
-// handlers: Qt's devices must not outlive it.
-int gArgc = 1;
-char gName[] = "test_gui_main";
-char* gArgv[] = {gName, nullptr};
-QApplication* gApp = nullptr;
-
-class QtEnvironment : public ::testing::Environment {
-  public:
-    void TearDown() override {
-        delete gApp;
-        gApp = nullptr;
-    }
-};
-::testing::Environment* const kQtEnvironment =
-    ::testing::AddGlobalTestEnvironment(new QtEnvironment);
-
-void App() {
-    if (!gApp) gApp = new QApplication(gArgc, gArgv);
-}
 
 class Gui : public ::testing::Test {
   protected:

@@ -9,6 +9,7 @@
 #include "instrument/daq/sim_driver.h"
 #include "instrument/daq_cards.h"
 #include "instrument/thermometer.h"
+#include "instrument/thermometer_window.h"
 #include "instrument/virtual_channels.h"
 #include "measure/option_rows.h"
 #include "platform/headless_host.h"
@@ -169,4 +170,19 @@ TEST_F(ThermometerSim, ReadVerbPrintsTheTemperature) {
         std::regex(
             R"(\nT = 4\.(199|200|201) K  \(V\[  3\] Thermometer, R = \+57[34]\.\d +Ohm\)\n)")))
         << r.out;
+}
+
+TEST_F(ThermometerSim, WindowTickShowsTemperatureAndSensor) {
+    Start("[Inputs]\nThermometerOffset=0\n");
+    TemperatureReading last;
+    char text[kTermoTextSize] = "";
+    ASSERT_TRUE(TermoWindowTick(last, text, sizeof text));
+    EXPECT_NEAR(std::atof(text), 4.2, 0.002) << text;
+    EXPECT_EQ(last.voltage, 3);
+    char sensor[64];
+    TermoSensorText(last, sensor, sizeof sensor);
+    EXPECT_TRUE(std::regex_match(sensor, std::regex(R"(R = \+57[34]\.\d +Ohm)"))) << sensor;
+    last.voltage = -1;
+    TermoSensorText(last, sensor, sizeof sensor);
+    EXPECT_STREQ(sensor, "");
 }

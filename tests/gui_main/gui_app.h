@@ -1,0 +1,5 @@
+// The one QApplication of this test program, shared by its files.
+#pragma once
+
+// Makes the application on first use; it lives to the end of the run.
+void App();

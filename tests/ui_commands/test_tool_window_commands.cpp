@@ -1,0 +1,44 @@
+#include "commands_fixture.h"
+
+#include "instrument/thermometer_window.h"
+
+namespace {
+
+class ToolWindows : public Commands {
+  protected:
+    void SetUp() override {
+        Commands::SetUp();
+        SetCommandChecked(134, 0);
+    }
+    void TearDown() override {
+        SetCommandChecked(134, 0);
+        Commands::TearDown();
+    }
+};
+
+TEST_F(ToolWindows, TemperatureTogglesTheWindowAndTheCheckIsItsState) {
+    EXPECT_TRUE(IsCommandEnabled(134));
+    EXPECT_EQ(CommandDispatch(nullptr, 134), 1);
+    EXPECT_EQ(IsCommandChecked(134), 1);
+    EXPECT_EQ(HeadlessWindow().toolOpens, 1);
+    EXPECT_EQ(HeadlessWindow().lastToolCommand, 134);
+    EXPECT_EQ(HeadlessWindow().lastToolLayout, kTermoLayoutNarrow);
+    CommandDispatch(nullptr, 134);
+    EXPECT_EQ(HeadlessWindow().toolCloses, 1);
+    EXPECT_EQ(HeadlessWindow().toolOpens, 1);
+    EXPECT_EQ(IsCommandChecked(134), 0);
+}
+
+// Shift picks the wide layout; a window that closed by itself took its check along, so the
+// next command opens again.
+TEST_F(ToolWindows, ShiftOpensTheWideLayoutAndAClosedWindowOpensAgain) {
+    HeadlessWindow().shiftDown = 1;
+    CommandDispatch(nullptr, 134);
+    EXPECT_EQ(HeadlessWindow().lastToolLayout, kTermoLayoutWide);
+    SetCommandChecked(134, 0);
+    CommandDispatch(nullptr, 134);
+    EXPECT_EQ(HeadlessWindow().toolOpens, 2);
+    EXPECT_EQ(HeadlessWindow().toolCloses, 0);
+}
+
+} // namespace
