@@ -40,7 +40,7 @@ i16 CountedDaqOp(i16 slot, i16 channel, i16 gain, i16* buffer, u32 count, f64 ra
     return gSimDaqDriver.DAQ_Op(slot, channel, gain, buffer, count, rate);
 }
 
-class TemperatureWindowTest : public ::testing::Test {
+class TemperatureWindowTest : public AppFirst, public ::testing::Test {
   protected:
     void SetUp() override {
         App();
