@@ -1,5 +1,7 @@
 #include "gui/qt_host.h"
 
+#include "gui/font_chooser.h"
+#include "gui/pen_dialog.h"
 #include "gui/qt_canvas.h"
 #include "gui/setup_dialog.h"
 
@@ -256,9 +258,28 @@ void QtGetDesktopRect(int rect[4]) {
         true);
 }
 
-const HostTable kQtHost = {QtMessageBox,    QtBeep,           QtPlaySound,     QtSetStatusText,
-                           QtWaitCursor,    QtRunSetupDialog, QtFileDialog,    QtProgress,
-                           QtGetWindowRect, QtMoveWindow,     QtGetDesktopRect};
+// The choosers open over the dialog that asked for them, else over the given window.
+QWidget* ChooserParent(void* window) {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : TopLevel(window);
+}
+
+int QtChooseFont(void* window, GFont* font) {
+    int result = 0;
+    OnGui([&] { result = RunQtFontChooser(font, ChooserParent(window)); }, true);
+    return result;
+}
+
+int QtChoosePen(void* window, const char* caption, GPen* pen) {
+    int result = 0;
+    OnGui([&] { result = RunQtPenDialog(pen, caption, ChooserParent(window)); }, true);
+    return result;
+}
+
+const HostTable kQtHost = {QtMessageBox,    QtBeep,           QtPlaySound,      QtSetStatusText,
+                           QtWaitCursor,    QtRunSetupDialog, QtFileDialog,     QtProgress,
+                           QtGetWindowRect, QtMoveWindow,     QtGetDesktopRect, QtChooseFont,
+                           QtChoosePen};
 
 } // namespace
 

@@ -80,6 +80,24 @@ int HeadlessFileDialog(int, const char*, const char*, char* path, size_t size) {
     return d.result;
 }
 
+// The choosers answer like a setup dialog, with Cancel as their default, and leave the value
+// as it was: tests that need a choice install their own chooser.
+int ScriptedChooser() {
+    std::lock_guard<std::mutex> hold(gLock);
+    if (gDialogs.empty()) return 0;
+    int result = gDialogs.front().result;
+    gDialogs.pop_front();
+    return result;
+}
+
+int HeadlessChooseFont(void*, GFont*) {
+    return ScriptedChooser();
+}
+
+int HeadlessChoosePen(void*, const char*, GPen*) {
+    return ScriptedChooser();
+}
+
 void HeadlessProgress(int percent, const char* text) {
     if (!gEcho) return;
     if (percent >= 0)
@@ -110,7 +128,8 @@ void HeadlessGetDesktopRect(int rect[4]) {
 const HostTable gHeadless = {
     HeadlessMessageBox,      HeadlessBeep,           HeadlessPlaySound,      HeadlessSetStatusText,
     HeadlessWaitCursor,      HeadlessRunSetupDialog, HeadlessFileDialog,     HeadlessProgress,
-    HeadlessGetWindowRectOf, HeadlessMoveWindow,     HeadlessGetDesktopRect,
+    HeadlessGetWindowRectOf, HeadlessMoveWindow,     HeadlessGetDesktopRect, HeadlessChooseFont,
+    HeadlessChoosePen,
 };
 
 } // namespace

@@ -17,8 +17,9 @@ const HostTable& HeadlessHostTable();
 // Queues answers for the next boxes, first in first out. A box with no queued answer gets its
 // default button (MB_DEFBUTTONn, else the first button of its kind).
 void HeadlessScriptAnswer(int id);
-// Queues the result of the next setup or file dialog (1 OK, 0 Cancel); with none queued a
-// setup dialog returns 1 and a file dialog 0. A file dialog takes its path from the queue.
+// Queues the result of the next setup, file, font or pen dialog (1 OK, 0 Cancel); with none
+// queued a setup dialog returns 1 and the others 0. A file dialog takes its path from the
+// queue; the font and pen dialogs leave their value as it was.
 void HeadlessScriptDialog(int result, const std::string& path = std::string());
 // Everything recorded since the last reset.
 std::vector<HeadlessBox> HeadlessBoxes();

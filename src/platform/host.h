@@ -33,6 +33,8 @@ enum { IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6
 enum : unsigned { BEEP_SIMPLE = 0xFFFFFFFFu };
 
 struct SetupTable;
+class GFont;
+class GPen;
 
 struct HostTable {
     // A modal box; returns the ID of the button pressed. window may be null.
@@ -54,6 +56,12 @@ struct HostTable {
     void (*GetWindowRect)(void* window, int rect[4]);
     void (*MoveWindow)(void* window, const int rect[4]);
     void (*GetDesktopRect)(int rect[4]);
+    // The font dialog, preset with the font's face, size, style and colour; OK stores the
+    // choice with its height in points. 1 for OK, 0 for Cancel. window may be null.
+    int (*ChooseFont)(void* window, GFont* font);
+    // The pen dialog: style list, width field and colour button. OK stores them in the pen
+    // once the width reads (AcceptPenUI). 1 for OK, 0 for Cancel.
+    int (*ChoosePen)(void* window, const char* caption, GPen* pen);
 };
 
 // The installed host; never null (the headless host until another is installed).

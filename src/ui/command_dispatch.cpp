@@ -15,6 +15,7 @@
 #include "support/cmdline.h"
 #include "support/message_box.h"
 #include "support/program_folder.h"
+#include "ui/axes_dialog.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
@@ -236,6 +237,10 @@ int Run(void* window, int command) {
         return 1;
     case 282:
         Trigger_OptionsDialog(window);
+        return 1;
+    case 171:
+        AxesOptionsDialog(window);
+        RefreshAll(window);
         return 1;
     case 265:
         AutoZeroOptionsDialog();

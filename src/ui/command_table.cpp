@@ -151,7 +151,7 @@ const CommandRow kRows[] = {
     {263, P, nullptr, "Show &Calibration Curve", nullptr, B},
     {276, P, nullptr, "&Generator", nullptr, 0},
     {282, P, nullptr, "Trigger", nullptr, B},
-    {171, P, nullptr, "A&xes", nullptr, S},
+    {171, P, nullptr, "A&xes", nullptr, S | B},
     {218, P, nullptr, "Load Window Position", nullptr, S | B},
     {140, P, nullptr, "Save Window Position", nullptr, B},
     {201, P, nullptr, "&Load Options", nullptr, S | B},

@@ -1,6 +1,7 @@
 #include "ui/gfont.h"
 
 #include "files/profile.h"
+#include "platform/host.h"
 #include "support/bounded_text.h"
 #include "support/exceptions.h"
 #include "ui/profile_color.h"
@@ -56,6 +57,10 @@ void GFont::CreateFor(const PlotCanvas& dc) const {
     font.underline = underline;
     font.strikeOut = strikeOut;
     dc.SetFont(dc.context, font);
+}
+
+int GFont::Choose(void* window) {
+    return Host().ChooseFont(window, this) == 1 ? 1 : 0;
 }
 
 void GFont::Describe(char* text, std::size_t size) const {

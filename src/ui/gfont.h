@@ -23,6 +23,10 @@ class GFont {
     // Pixel height on the device: points times its pixels per inch / 72.
     int Height(const PlotCanvas& dc) const;
 
+    // The font dialog with size, style and colour preset; OK stores the choice, its height in
+    // points. 1 for OK, 0 for Cancel.
+    int Choose(void* window);
+
     // "%s, %upt\n%s%s%s": face, size, the weight name and " + italic".
     void Describe(char* text, std::size_t size) const;
     // "%s, %upt".

@@ -67,3 +67,18 @@ void GPen::SetWidthFromText(const char* text) {
         throw GPenUIException(GPenUIException::INVALID_WIDTH);
     width = static_cast<int>(w);
 }
+
+GPenUI GPen::Show() const {
+    GPenUI ui;
+    ui.style = style;
+    std::snprintf(ui.width, sizeof ui.width, "%d", width);
+    ui.color = color;
+    return ui;
+}
+
+void GPen::Read(const GPenUI& ui) {
+    // The width first: it is the only field that can fail.
+    SetWidthFromText(ui.width);
+    style = ui.style >= PEN_SOLID && ui.style <= PEN_INVISIBLE ? ui.style : style;
+    color = ui.color;
+}

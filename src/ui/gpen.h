@@ -2,6 +2,14 @@
 #pragma once
 #include "ui/plot_canvas.h"
 
+// What the pen dialog's controls hold: the style list's index, the width field's text and the
+// colour button's colour.
+struct GPenUI {
+    int style = PEN_SOLID;
+    char width[16] = {};
+    CanvasColor color = 0;
+};
+
 class GPen {
   public:
     int style = PEN_SOLID; // PEN_SOLID to PEN_INVISIBLE
@@ -31,6 +39,11 @@ class GPen {
     // The width typed into the dialog's field; throws GPenUIException when it is not a
     // non-negative integer.
     void SetWidthFromText(const char* text);
+
+    // The dialog's controls for this pen, and back. Read throws GPenUIException on a bad width
+    // and then leaves the pen as it was.
+    GPenUI Show() const;
+    void Read(const GPenUI& ui);
 };
 
 // "Solid", "Dash", "Dot", "DashDot", "DashDotDot", "Invisible"; null past the end.

@@ -1,5 +1,6 @@
 #include "ui/plot_options.h"
 
+#include "ui/axes_dialog.h"
 #include "ui/setup_table.h"
 #include "ui/setup_texts.h"
 
@@ -40,12 +41,18 @@ const SetupText kPlotOptionTexts[] = {
     {ID_OPTIMIZE_GRID, SETUP_TEXT_LABEL, "&Optimize grid"},
     {ID_BIG_TICK_SIZE, SETUP_TEXT_LABEL, "&Big tick size (0.1 mm, negative: outward)"},
     {ID_SMALL_TICK_SIZE, SETUP_TEXT_LABEL, "&Small tick size (0.1 mm, negative: outward)"},
+    {AXES_ID_FONT, SETUP_TEXT_BUTTON, "Caption &font..."},
+    {AXES_ID_FONT_TEXT, SETUP_TEXT_STATIC, ""},
+    {AXES_ID_AXES_PEN, SETUP_TEXT_BUTTON, "&Axes pen..."},
+    {AXES_ID_AXES_PEN_TEXT, SETUP_TEXT_STATIC, ""},
+    {AXES_ID_GRID_PEN, SETUP_TEXT_BUTTON, "&Grid pen..."},
+    {AXES_ID_GRID_PEN_TEXT, SETUP_TEXT_STATIC, ""},
 };
 
 } // namespace
 
 SetupTable gPlotOptionsTable = {sizeof gPlotOptionRows / sizeof gPlotOptionRows[0], gPlotOptionRows,
-                                nullptr, 0, nullptr};
+                                AxesDialogCallback, 0, nullptr};
 
 void RegisterPlotOptionTexts() {
     RegisterSetupTexts(&gPlotOptionsTable, kPlotOptionTexts,

@@ -1,6 +1,8 @@
 #include "curve/undo.h"
+#include "gui/color_button.h"
 #include "gui_app.h"
 #include "gui/main_window.h"
+#include "gui/pen_dialog.h"
 #include "gui/plot_widget.h"
 #include "gui/qt_host.h"
 #include "gui/setup_dialog.h"
@@ -9,14 +11,18 @@
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
+#include "support/bounded_text.h"
+#include "ui/axes_dialog.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
+#include "ui/plot_options.h"
 #include "ui/plot_render.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -223,6 +229,63 @@ TEST_F(Gui, RegisteredTextsNameTheRadioButtonsAndAddTheBrowseButton) {
     ASSERT_NE(browse, nullptr);
     EXPECT_EQ(browse->text(), ">>");
     EXPECT_NE(qobject_cast<QLabel*>(d.Control(IDC_TERMO_CURRENT_LABEL)), nullptr);
+}
+
+int ChooseCourier(void*, GFont* font) {
+    BoundedCopy(font->faceName, "Courier New");
+    font->height = 12;
+    return 1;
+}
+
+TEST_F(Gui, AxesDialogShowsTheFontAndPensAndItsButtonsReachTheChoosers) {
+    PlotOptions kept = gPlotOptions;
+    gPlotOptions = PlotOptions();
+    HostTable host = HeadlessHostTable();
+    host.ChooseFont = ChooseCourier;
+    SetHost(&host);
+    QtSetupDialog d(&gPlotOptionsTable, "Axes");
+    ASSERT_TRUE(d.Open());
+    d.show();
+    auto* font = qobject_cast<QLabel*>(d.Control(AXES_ID_FONT_TEXT));
+    ASSERT_NE(font, nullptr);
+    EXPECT_EQ(font->text(), "Arial, 9pt\n");
+    auto* axesPen = qobject_cast<QLabel*>(d.Control(AXES_ID_AXES_PEN_TEXT));
+    ASSERT_NE(axesPen, nullptr);
+    EXPECT_EQ(axesPen->text(), "Solid, 1 px, RGB=(000,000,128)");
+    auto* gridButton = qobject_cast<QPushButton*>(d.Control(AXES_ID_GRID_PEN));
+    ASSERT_NE(gridButton, nullptr);
+    EXPECT_EQ(gridButton->text(), "&Grid pen...");
+    ASSERT_NE(qobject_cast<QPushButton*>(d.Control(AXES_ID_AXES_PEN)), nullptr);
+    QTest::mouseClick(qobject_cast<QPushButton*>(d.Control(AXES_ID_FONT)), Qt::LeftButton);
+    EXPECT_EQ(font->text(), "Courier New, 12pt\n");
+    d.reject();
+    EXPECT_STREQ(gPlotOptions.captionFont.faceName, "Arial");
+    gPlotOptions = kept;
+}
+
+TEST_F(Gui, PenDialogStaysOpenOnABadWidthAndTakesAGoodOne) {
+    HeadlessReset();
+    GPen pen{PEN_DOT, 0, 0xC0C0C0};
+    QtPenDialog d(&pen, "Grid Pen");
+    d.show();
+    ASSERT_EQ(d.StyleList()->count(), 6);
+    EXPECT_EQ(d.StyleList()->itemText(5), "Invisible");
+    EXPECT_EQ(d.StyleList()->currentIndex(), PEN_DOT);
+    EXPECT_EQ(d.WidthField()->text(), "0");
+    EXPECT_EQ(d.ColorButton()->Color(), 0xC0C0C0u);
+    d.StyleList()->setCurrentIndex(PEN_DASHDOT);
+    d.WidthField()->setText("-1");
+    d.accept();
+    EXPECT_TRUE(d.isVisible());
+    ASSERT_EQ(HeadlessBoxes().size(), 1u);
+    EXPECT_EQ(HeadlessBoxes()[0].caption, "Grid Pen");
+    EXPECT_EQ(pen.style, PEN_DOT);
+    d.WidthField()->setText("2");
+    d.accept();
+    EXPECT_FALSE(d.isVisible());
+    EXPECT_EQ(d.result(), QDialog::Accepted);
+    EXPECT_EQ(pen.style, PEN_DASHDOT);
+    EXPECT_EQ(pen.width, 2);
 }
 
 TEST_F(Gui, RowsShowTheirLabelsAndNotTheirKeys) {

@@ -109,8 +109,8 @@ std::string TextOfKey(const SetupTable* table, const char* key) {
 
 TEST_F(OptionDialogTexts, EveryDialogOfTheCommandsIsLabelled) {
     // Averaging, data file, thermometer, delays, AutoZero, general measurement, user name,
-    // V(I) options, trigger.
-    const int kCommands[] = {146, 142, 166, 172, 265, 264, 199, 268, 282};
+    // V(I) options, trigger, axes.
+    const int kCommands[] = {146, 142, 166, 172, 265, 264, 199, 268, 282, 171};
     for (int command : kCommands) {
         size_t before = gOpened.size();
         EXPECT_EQ(CommandDispatch(nullptr, command), 1) << command;
@@ -118,9 +118,9 @@ TEST_F(OptionDialogTexts, EveryDialogOfTheCommandsIsLabelled) {
     }
     EXPECT_EQ(gOpened[7], &gIVCSetupTable);
     EXPECT_EQ(gOpened[8], &gTriggerSetupTable);
-    // The measurement dialog's x axis button opens this; the Axes table serves the plot.
+    EXPECT_EQ(gOpened[9], &gPlotOptionsTable);
+    // The measurement dialog's x axis button opens this.
     IVC_xAxisDialog(nullptr);
-    gOpened.push_back(&gPlotOptionsTable);
     ASSERT_EQ(gOpened.size(), 11u);
     std::set<SetupTable*> distinct(gOpened.begin(), gOpened.end());
     EXPECT_EQ(distinct.size(), gOpened.size());

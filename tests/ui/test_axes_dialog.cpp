@@ -1,0 +1,182 @@
+// The Axes dialog's font and pen buttons, driven through the table engine on an in-memory
+// dialog: the choosers and the dialog's own OK both have to agree before gPlotOptions changes.
+#include "fake_dialog.h"
+
+#include "common/test_support.h"
+#include "files/profile.h"
+#include "files/settings_registry.h"
+#include "platform/headless_host.h"
+#include "support/bounded_text.h"
+#include "support/exceptions.h"
+#include "ui/axes_dialog.h"
+#include "ui/gpen_ui.h"
+#include "ui/plot_options.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// What the user does in the Axes dialog: (control, text typed before it) pairs; the dialog
+// that results stays for inspection.
+std::vector<std::pair<int, std::string>> gSteps;
+FakeDialog* gDialog = nullptr;
+int gFontAnswer = 0;
+GPenUI gPenFields;
+
+int DriveAxesDialog(SetupTable* table, const char*) {
+    FakeDialog& d = *gDialog;
+    for (unsigned i = 0; i < table->rowCount; ++i)
+        d.controls[table->rows[i].controlId];
+    for (int id : {AXES_ID_FONT_TEXT, AXES_ID_AXES_PEN_TEXT, AXES_ID_GRID_PEN_TEXT})
+        d.controls[id].isStatic = true;
+    if (!SetupDlg_Open(table, &d.dialog)) return 0;
+    for (const auto& [id, typed] : gSteps) {
+        if (!typed.empty()) d.controls[101].text = typed;
+        int ended = SetupDlg_Command(&d.dialog, id, nullptr, 0);
+        if (ended >= 0) return ended;
+    }
+    return 0;
+}
+
+// A font dialog that edits what it is given whatever the answer, as a real one does.
+int FakeFontDialog(void*, GFont* font) {
+    BoundedCopy(font->faceName, "Courier New");
+    font->height = 14;
+    font->color = 0xFF0000;
+    return gFontAnswer;
+}
+
+// A pen dialog whose user presses OK once, and gives up after a report.
+int FakePenDialog(void*, const char* caption, GPen* pen) {
+    return AcceptPenUI(nullptr, caption, *pen, gPenFields);
+}
+
+std::string Describe(const GFont& font) {
+    char text[128];
+    font.Describe(text, sizeof text);
+    return text;
+}
+
+class AxesDialog : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        kept_ = gPlotOptions;
+        gPlotOptions = PlotOptions();
+        BoundedCopy(keptIni_, gIniFileName);
+        BoundedCopy(gIniFileName, dir_.File("vtl.ini").c_str());
+        HeadlessReset();
+        gSteps.clear();
+        gDialog = &dialog_;
+        gFontAnswer = 0;
+        gPenFields = GPenUI();
+        host_ = HeadlessHostTable();
+        host_.RunSetupDialog = DriveAxesDialog;
+        host_.ChooseFont = FakeFontDialog;
+        host_.ChoosePen = FakePenDialog;
+        SetHost(&host_);
+    }
+    void TearDown() override {
+        SetHost(nullptr);
+        gPlotOptions = kept_;
+        BoundedCopy(gIniFileName, keptIni_);
+    }
+    PlotOptions kept_;
+    char keptIni_[sizeof gIniFileName];
+    TempDir dir_;
+    FakeDialog dialog_;
+    HostTable host_{};
+};
+
+TEST_F(AxesDialog, FontCancelledInTheChooserStaysAsItWas) {
+    gSteps = {{AXES_ID_FONT, ""}, {SETUP_ID_OK, ""}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 1);
+    EXPECT_STREQ(gPlotOptions.captionFont.faceName, "Arial");
+    EXPECT_EQ(dialog_.controls[AXES_ID_FONT_TEXT].text, "Arial, 9pt\n");
+    EXPECT_EQ(dialog_.controls[AXES_ID_GRID_PEN_TEXT].text, "Dot, 0 px, RGB=(192,192,192)");
+}
+
+TEST_F(AxesDialog, ChosenFontWaitsForTheDialogsOk) {
+    gFontAnswer = 1;
+    gSteps = {{AXES_ID_FONT, ""}, {SETUP_ID_CANCEL, ""}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 0);
+    EXPECT_EQ(dialog_.controls[AXES_ID_FONT_TEXT].text, "Courier New, 14pt\n");
+    EXPECT_STREQ(gPlotOptions.captionFont.faceName, "Arial");
+
+    gSteps = {{AXES_ID_FONT, ""}, {SETUP_ID_OK, "25"}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 1);
+    EXPECT_EQ(Describe(gPlotOptions.captionFont), "Courier New, 14pt\n");
+    EXPECT_EQ(gPlotOptions.captionFont.color, 0xFF0000u);
+    EXPECT_EQ(gPlotOptions.gridX, 25u);
+}
+
+TEST_F(AxesDialog, BadPenWidthIsReportedAndTheOldPenKept) {
+    gPenFields.style = PEN_DASH;
+    BoundedCopy(gPenFields.width, "2x");
+    gPenFields.color = 0x0000FF;
+    gSteps = {{AXES_ID_AXES_PEN, ""}, {SETUP_ID_OK, ""}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 1);
+    ASSERT_EQ(HeadlessBoxes().size(), 1u);
+    EXPECT_EQ(HeadlessBoxes()[0].caption, "Axes Pen");
+    EXPECT_EQ(HeadlessBoxes()[0].text, "GPenUIException -- the pen width is invalid");
+    EXPECT_EQ(gPlotOptions.axesPen.style, PEN_SOLID);
+    EXPECT_EQ(gPlotOptions.axesPen.width, 1);
+    EXPECT_EQ(gPlotOptions.axesPen.color, 0x800000u);
+
+    BoundedCopy(gPenFields.width, "3");
+    gSteps = {{AXES_ID_GRID_PEN, ""}, {SETUP_ID_OK, ""}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 1);
+    EXPECT_EQ(dialog_.controls[AXES_ID_GRID_PEN_TEXT].text, "Dash, 3 px, RGB=(255,000,000)");
+    EXPECT_EQ(gPlotOptions.gridPen.style, PEN_DASH);
+    EXPECT_EQ(gPlotOptions.gridPen.width, 3);
+    EXPECT_EQ(gPlotOptions.axesPen.width, 1);
+}
+
+TEST(GPenUI, ReadWithABadWidthThrowsAndChangesNothing) {
+    GPen pen{PEN_DOT, 2, 0xC0C0C0};
+    GPenUI ui = pen.Show();
+    EXPECT_STREQ(ui.width, "2");
+    ui.style = PEN_DASH;
+    ui.color = 0x123456;
+    BoundedCopy(ui.width, "-3");
+    EXPECT_THROW(pen.Read(ui), GPenUIException);
+    EXPECT_EQ(pen.style, PEN_DOT);
+    EXPECT_EQ(pen.width, 2);
+    EXPECT_EQ(pen.color, 0xC0C0C0u);
+}
+
+TEST_F(AxesDialog, SaveWritesRowsFontAndPensButNothingWithABadRow) {
+    gFontAnswer = 1;
+    gSteps = {{AXES_ID_FONT, ""}, {SETUP_ID_SAVE, "1"}, {SETUP_ID_CANCEL, ""}};
+    AxesOptionsDialog(nullptr);
+    EXPECT_EQ(dialog_.beeps, 1);
+    EXPECT_EQ(GetPrivateProfileInt("Setup", "AxesCaptionFontSize", -1, gIniFileName), -1);
+
+    gSteps = {{AXES_ID_FONT, ""}, {SETUP_ID_SAVE, "30"}, {SETUP_ID_CANCEL, ""}};
+    AxesOptionsDialog(nullptr);
+    EXPECT_EQ(GetPrivateProfileInt("Setup", "AxesCaptionFontSize", -1, gIniFileName), 14);
+    EXPECT_EQ(GetPrivateProfileInt("Setup", "GridX", -1, gIniFileName), 30);
+    EXPECT_EQ(GetPrivateProfileInt("Setup", "GridLinesStyle", -1, gIniFileName), PEN_DOT);
+    EXPECT_EQ(gPlotOptions.captionFont.height, 9u); // Cancel after Save: the old live values
+    EXPECT_EQ(gPlotOptions.gridX, 10u);
+}
+
+TEST_F(AxesDialog, LoadTakesTheFileIntoTheDialogAndOkKeepsIt) {
+    WritePrivateProfileString("Setup", "GridLinesWidth", "4", gIniFileName);
+    WritePrivateProfileString("Setup", "AxesCaptionFontName", "Times", gIniFileName);
+    gSteps = {{SETUP_ID_LOAD, ""}, {SETUP_ID_CANCEL, ""}};
+    AxesOptionsDialog(nullptr);
+    EXPECT_EQ(dialog_.controls[AXES_ID_GRID_PEN_TEXT].text, "Dot, 4 px, RGB=(192,192,192)");
+    EXPECT_EQ(gPlotOptions.gridPen.width, 0);
+
+    gSteps = {{SETUP_ID_LOAD, ""}, {SETUP_ID_OK, ""}};
+    EXPECT_EQ(AxesOptionsDialog(nullptr), 1);
+    EXPECT_EQ(gPlotOptions.gridPen.width, 4);
+    EXPECT_STREQ(gPlotOptions.captionFont.faceName, "Times");
+}
+
+} // namespace
