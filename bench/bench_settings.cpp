@@ -1,7 +1,7 @@
 // Loading and saving all settings over a full vtl.ini: 32 currents and 128 voltages besides
 // every group that is built, so that the walk cost is that of a real rack.
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 
 #include <benchmark/benchmark.h>
 

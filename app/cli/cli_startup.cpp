@@ -1,6 +1,6 @@
 #include "cli_startup.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "instrument/daq/daq_driver.h"
 #include "instrument/daq/sim_driver.h"
 #include "instrument/daq_cards.h"

@@ -1,4 +1,5 @@
 // vantrel-cli: the core of Vantrel over the headless host, for scripts, tests and CI.
+#include "ui/settings_registry.h"
 #include "cli_verbs.h"
 #include "platform/headless_host.h"
 #include "support/cmdline.h"
@@ -38,6 +39,7 @@ void PrintCliUsage() {
 
 int main(int argc, char** argv) {
     HeadlessSetEcho(true);
+    InstallSettingsGroups();
     // Switches may stand before the verb, and an options file (-@FILE) may hold them.
     ParseArgv(argc, argv);
     const char* verb = Positional(1);

@@ -5,7 +5,7 @@
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_auto.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "measure/measure_run.h"
 #include "support/cmdline.h"
 

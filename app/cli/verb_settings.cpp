@@ -1,6 +1,6 @@
 // vantrel-cli settings: loads every settings group from one file and writes them all to
 // another, or prints them. Shows what a settings file really holds after the program read it.
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "support/bounded_text.h"
 #include "support/cmdline.h"
 

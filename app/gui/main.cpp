@@ -1,5 +1,6 @@
 // vantrel: the desktop program. Starts in the program's order: command line and driver, the
 // window's creation (cards, settings, position), then the About box or the files named.
+#include "ui/settings_registry.h"
 #include "gui/main_window.h"
 #include "gui/measure_dialog.h"
 #include "instrument/daq/sim_driver.h"
@@ -16,6 +17,7 @@
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    InstallSettingsGroups();
     ParseArgv(argc, argv);
     if (!SelectDriverFromCommandLine()) return 2;
     char simPath[4096];

@@ -1,6 +1,6 @@
 #include "curve/curve_style.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/c_locale.h"
 #include "support/debug_check.h"
 

@@ -1,11 +1,9 @@
 #include "files/data_file_options.h"
 
-#include "files/profile.h"
-#include "instrument/thermometer.h"
-#include "measure/measure_options.h"
+#include "settings/profile.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
-#include "ui/setup_texts.h"
+#include "support/c_locale.h"
 
 #include <cstdlib>
 #include <string>
@@ -19,34 +17,24 @@ uint32_t gColumnWidth = 12;
 int32_t fSortCurves = 1;
 char gAutoDataFolder[260] = "";
 
-// Entries with null functions are groups that do not exist yet; each joins by naming its own
-// load and save functions here.
+// Each group keeps the flags of its two stored keys; its functions come from the registry.
 DataFileGroup gDataFileGroups[kDataFileGroupCount] = {
-    {"Averaging", "SaveAveragingOptions", "LoadAveragingOptions", STEER_STRAIGHT, 0, 0, nullptr,
-     nullptr},
-    {"Delays", "SaveDelayOptions", "LoadDelayOptions", STEER_STRAIGHT, 0, 0, Delays_LoadOptions,
-     Delays_SaveOptions},
-    {"Virtual currents and voltages", "SaveVirtualIV", "LoadVirtualIV", STEER_STRAIGHT, 0, 0,
-     nullptr, nullptr},
-    {"I-V family", "SaveIVFOptions", "LoadIVFOptions", STEER_CROSSED, 0, 0, nullptr, nullptr},
-    {"Ic(H)", "SaveIc(H)Options", "LoadIc(H)Options", STEER_CROSSED, 0, 0, nullptr, nullptr},
-    {"R(T) and V(T)", "SaveR(T)Options", "LoadR(T)Options", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
-    {"Ic(T)", "SaveIc(T)Options", "LoadIc(T)Options", STEER_CROSSED, 0, 0, nullptr, nullptr},
-    {"V(time)", "SaveV(time)Options", "LoadV(time)Options", STEER_LOAD_ONLY, 0, 0, nullptr,
-     nullptr},
-    {"V_dc(I_ac)", "SaveV_dc(I_ac)Options", "LoadV_dc(I_ac)Options", STEER_LOAD_ONLY, 0, 0, nullptr,
-     nullptr},
-    {"Calibrator", "SaveCalibratorOptions", "LoadCalibratorOptions", STEER_STRAIGHT, 0, 0, nullptr,
-     nullptr},
-    {"Thermometer", "SaveTermometerOptions", "LoadTermometerOptions", STEER_STRAIGHT, 0, 0,
-     LoadTermometerOptions, SaveTermometerOptions},
-    {"Other", "SaveOtherOptions", "LoadOtherOptions", STEER_STRAIGHT, 0, 0,
-     GeneralMeasure_LoadOptions, GeneralMeasure_SaveOptions},
-    {"Waveform general", "SaveWFMGeneralOptions", "LoadWFMGeneralOptions", STEER_STRAIGHT, 0, 0,
-     nullptr, nullptr},
-    {"Axes", "SaveAxisOptions", "LoadAxisOptions", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
-    {"Waveform programs", "SaveWFMs", "LoadWFMs", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
-    {"Trigger", "SaveTrigger", "LoadTrigger", STEER_STRAIGHT, 0, 0, nullptr, nullptr},
+    {"Averaging", "SaveAveragingOptions", "LoadAveragingOptions", STEER_STRAIGHT},
+    {"Delays", "SaveDelayOptions", "LoadDelayOptions", STEER_STRAIGHT},
+    {"Virtual currents and voltages", "SaveVirtualIV", "LoadVirtualIV", STEER_STRAIGHT},
+    {"I-V family", "SaveIVFOptions", "LoadIVFOptions", STEER_CROSSED},
+    {"Ic(H)", "SaveIc(H)Options", "LoadIc(H)Options", STEER_CROSSED},
+    {"R(T) and V(T)", "SaveR(T)Options", "LoadR(T)Options", STEER_STRAIGHT},
+    {"Ic(T)", "SaveIc(T)Options", "LoadIc(T)Options", STEER_CROSSED},
+    {"V(time)", "SaveV(time)Options", "LoadV(time)Options", STEER_LOAD_ONLY},
+    {"V_dc(I_ac)", "SaveV_dc(I_ac)Options", "LoadV_dc(I_ac)Options", STEER_LOAD_ONLY},
+    {"Calibrator", "SaveCalibratorOptions", "LoadCalibratorOptions", STEER_STRAIGHT},
+    {"Thermometer", "SaveTermometerOptions", "LoadTermometerOptions", STEER_STRAIGHT},
+    {"Other", "SaveOtherOptions", "LoadOtherOptions", STEER_STRAIGHT},
+    {"Waveform general", "SaveWFMGeneralOptions", "LoadWFMGeneralOptions", STEER_STRAIGHT},
+    {"Axes", "SaveAxisOptions", "LoadAxisOptions", STEER_STRAIGHT},
+    {"Waveform programs", "SaveWFMs", "LoadWFMs", STEER_STRAIGHT},
+    {"Trigger", "SaveTrigger", "LoadTrigger", STEER_STRAIGHT},
 };
 
 namespace {
@@ -77,42 +65,43 @@ SetupRow* BuildRows() {
     return gDataFileRows;
 }
 
-} // namespace
+// The group flags are labelled by what they steer, so that a crossed pair reads right and
+// the unused key of a load-only group says so.
+char gFlagLabels[2 * kDataFileGroupCount][64];
+SetupText gDataFileTexts[kFixedRows + 2 * kDataFileGroupCount] = {
+    {IDC_SHOW_OPTIONS_ON_SAVE, SETUP_TEXT_LABEL, "Show these options before every &save"},
+    {IDC_SHOW_OPTIONS_ON_LOAD, SETUP_TEXT_LABEL, "Show these options before every &load"},
+    {IDC_DELIMITER_BLANK, SETUP_TEXT_LABEL, "Delimiter|&Blank|&Tab|&Comma"},
+    {IDC_COLUMN_WIDTH, SETUP_TEXT_LABEL, "Column &width (characters)"},
+    {IDC_SORT_CURVES, SETUP_TEXT_LABEL, "S&ort curves, longest first, before saving"},
+    {IDC_AUTO_DATA_FOLDER, SETUP_TEXT_LABEL, "&Folder of the automatic data file"},
+};
 
-SetupTable gDataFileSetupTable = {kFixedRows + 2 * kDataFileGroupCount, BuildRows(), nullptr, 0,
-                                  nullptr};
-
-void RegisterDataFileTexts() {
-    static const SetupText kFixed[] = {
-        {IDC_SHOW_OPTIONS_ON_SAVE, SETUP_TEXT_LABEL, "Show these options before every &save"},
-        {IDC_SHOW_OPTIONS_ON_LOAD, SETUP_TEXT_LABEL, "Show these options before every &load"},
-        {IDC_DELIMITER_BLANK, SETUP_TEXT_LABEL, "Delimiter|&Blank|&Tab|&Comma"},
-        {IDC_COLUMN_WIDTH, SETUP_TEXT_LABEL, "Column &width (characters)"},
-        {IDC_SORT_CURVES, SETUP_TEXT_LABEL, "S&ort curves, longest first, before saving"},
-        {IDC_AUTO_DATA_FOLDER, SETUP_TEXT_LABEL, "&Folder of the automatic data file"},
-    };
-    // The group flags are labelled by what they steer, so that a crossed pair reads right and
-    // the unused key of a load-only group says so.
-    static std::string labels[2 * kDataFileGroupCount];
-    static SetupText texts[kFixedRows + 2 * kDataFileGroupCount];
-    unsigned n = 0;
-    for (const SetupText& t : kFixed)
-        texts[n++] = t;
+const SetupText* BuildTexts() {
+    SetupText* t = gDataFileTexts + kFixedRows;
     int id = IDC_FIRST_GROUP_FLAG;
     for (unsigned g = 0; g < kDataFileGroupCount; ++g) {
         const DataFileGroup& group = gDataFileGroups[g];
-        const std::string name = group.name;
         const char* saveKeyRole = "Save with data: ";
         const char* loadKeyRole = "Load with data: ";
         if (group.steering == STEER_CROSSED) std::swap(saveKeyRole, loadKeyRole);
         if (group.steering == STEER_LOAD_ONLY) saveKeyRole = "Never saved with data: ";
-        labels[2 * g] = saveKeyRole + name;
-        labels[2 * g + 1] = loadKeyRole + name;
-        texts[n++] = {id++, SETUP_TEXT_LABEL, labels[2 * g].c_str()};
-        texts[n++] = {id++, SETUP_TEXT_LABEL, labels[2 * g + 1].c_str()};
+        SnprintfC(gFlagLabels[2 * g], sizeof gFlagLabels[0], "%s%s", saveKeyRole, group.name);
+        SnprintfC(gFlagLabels[2 * g + 1], sizeof gFlagLabels[0], "%s%s", loadKeyRole, group.name);
+        *t++ = {id++, SETUP_TEXT_LABEL, gFlagLabels[2 * g]};
+        *t++ = {id++, SETUP_TEXT_LABEL, gFlagLabels[2 * g + 1]};
     }
-    RegisterSetupTexts(&gDataFileSetupTable, texts, n);
+    return gDataFileTexts;
 }
+
+} // namespace
+
+SetupTable gDataFileSetupTable = {
+    .rowCount = CountOf(gDataFileRows),
+    .rows = BuildRows(),
+    .textCount = CountOf(gDataFileTexts),
+    .texts = BuildTexts(),
+};
 
 char DataFileDelimiter() {
     static const char kDelimiters[3] = {' ', '\t', ','};

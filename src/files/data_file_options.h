@@ -2,7 +2,8 @@
 // folder of the automatic pair, and the flags that carry other option groups into and out of
 // the .ini of a data pair.
 #pragma once
-#include "ui/setup_table.h"
+#include "settings/settings_file.h"
+#include "settings/setup_table.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -27,9 +28,29 @@ unsigned DataFileColumnWidth();
 // key named Load steers saving. Two groups are never saved; their Save key is kept and unused.
 enum DataFileSteering { STEER_STRAIGHT, STEER_CROSSED, STEER_LOAD_ONLY };
 
-// An option group that can travel inside the .ini of a data pair, in load order. Load and Save
-// are the group's own functions, the same that serve vtl.ini; they stay null until the group
-// joins here, and a null group is passed over.
+// The option groups that can travel inside the .ini of a data pair, in load order.
+enum DataFileGroupId : unsigned {
+    DATA_GROUP_AVERAGING,
+    DATA_GROUP_DELAYS,
+    DATA_GROUP_VIRTUAL_IV,
+    DATA_GROUP_IVF,
+    DATA_GROUP_ICH,
+    DATA_GROUP_RT,
+    DATA_GROUP_ICT,
+    DATA_GROUP_VTIME,
+    DATA_GROUP_VDC_IAC,
+    DATA_GROUP_CALIBRATOR,
+    DATA_GROUP_THERMOMETER,
+    DATA_GROUP_OTHER,
+    DATA_GROUP_WFM_GENERAL,
+    DATA_GROUP_AXES,
+    DATA_GROUP_WFMS,
+    DATA_GROUP_TRIGGER,
+    kDataFileGroupCount
+};
+
+// Load and Save are the group's own functions, the same that serve vtl.ini; the settings
+// registry gives them (InstallSettingsGroups), and a group without them is passed over.
 struct DataFileGroup {
     const char* name;
     const char* saveKey; // the stored key named Save...
@@ -37,10 +58,9 @@ struct DataFileGroup {
     DataFileSteering steering;
     int32_t fSaveKey;
     int32_t fLoadKey;
-    int (*Load)(const char* fileName);
-    int (*Save)(const char* fileName);
+    OptionsFn Load;
+    OptionsFn Save;
 };
-constexpr unsigned kDataFileGroupCount = 16;
 extern DataFileGroup gDataFileGroups[kDataFileGroupCount];
 
 // Whether a group goes into a data .ini on save, or comes out of one on load, by its flags.
@@ -65,8 +85,6 @@ enum : int {
 
 // The group as one table: its dialog, and its load and save in vtl.ini.
 extern SetupTable gDataFileSetupTable;
-// The dialog texts of that table.
-void RegisterDataFileTexts();
 
 // The group functions of the settings lists (entry 3); both return 1.
 int LoadDataFileOptions(const char* fileName);

@@ -1,7 +1,7 @@
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_options.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
 #include "support/message_box.h"

@@ -1,6 +1,6 @@
 #include "gui/curve_style_dialog.h"
 
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 
 #include <QColorDialog>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 
 #include "gui/qt_canvas.h"
 #include "gui/qt_host.h"
-#include "ui/setup_texts.h"
+#include "ui/setup_dialog.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -140,10 +140,8 @@ QtSetupDialog::QtSetupDialog(SetupTable* table, const QString& caption, QWidget*
     for (unsigned i = 0; i < table->rowCount; ++i)
         AddRow(form, table->rows[i]);
     // Controls of the layout that are not rows: browse buttons and labels.
-    unsigned extraCount = 0;
-    const SetupText* extras = SetupTexts(table, &extraCount);
-    for (unsigned i = 0; i < extraCount; ++i) {
-        const SetupText& t = extras[i];
+    for (unsigned i = 0; i < table->textCount; ++i) {
+        const SetupText& t = table->texts[i];
         if (t.kind == SETUP_TEXT_STATIC) {
             auto* label = new QLabel(TextFromStored(t.text), page);
             controls_[t.controlId] = label;

@@ -1,7 +1,7 @@
 // The Qt dialog of a SetupTable: each row becomes a labelled control under its control number,
 // and the option-table engine drives it through SetupDialogOps.
 #pragma once
-#include "ui/setup_table.h"
+#include "settings/setup_table.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
 #include "gui/setup_panel_dialog.h"
 
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "gui/qt_canvas.h"
 #include "gui/qt_host.h"
 

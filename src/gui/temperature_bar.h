@@ -1,7 +1,7 @@
 // The bar of the "Temperature" window: the temperature between the two limits, filled from the
 // bottom, with the red scale beside it.
 #pragma once
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 
 #include <QWidget>
 

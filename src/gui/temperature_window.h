@@ -2,7 +2,7 @@
 // sensor value and as a bar between two editable limits. Modeless and owned by the main
 // window; as it closes it removes the check mark of its command.
 #pragma once
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 
 #include <QPointer>
 #include <QTimer>

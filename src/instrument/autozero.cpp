@@ -1,7 +1,7 @@
 #include "instrument/autozero.h"
 
 #include "instrument/averaging.h"
-#include "measure/measure_options.h"
+#include "instrument/delays.h"
 #include "instrument/timing.h"
 #include "instrument/virtual_channels.h"
 #include "platform/host.h"

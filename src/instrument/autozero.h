@@ -41,7 +41,5 @@ void ShowAutoZeroMonitorShifts(void* window);
 int LoadAutoZeroOptions(const char* fileName);
 int SaveAutoZeroOptions(const char* fileName);
 SetupTable* AutoZeroSetupTable();
-// The dialog texts of that table.
-void RegisterAutoZeroTexts();
 // The dialog "AutoZero Options"; 1 for OK.
 int AutoZeroOptionsDialog();

@@ -1,8 +1,7 @@
 #include "instrument/autozero.h"
 
 #include "platform/host.h"
-#include "ui/setup_table.h"
-#include "ui/setup_texts.h"
+#include "settings/setup_table.h"
 
 #include <cstdint>
 
@@ -38,8 +37,6 @@ SetupRow gRows[] = {
     SetupCheckRow(ID_REDO_ON_DOIT, &AutoZero_RedoOnDoIt, kSetup, "AutoZero_RedoOnDoIt"),
 };
 
-SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, nullptr, 0, nullptr};
-
 const SetupText kTexts[] = {
     {ID_EXTRA_AVERAGING, SETUP_TEXT_LABEL, "&Extra averaging (reads of each voltage)"},
     {ID_SHOW_WARNING, SETUP_TEXT_LABEL, "&Show AutoZero warning"},
@@ -49,13 +46,17 @@ const SetupText kTexts[] = {
     {ID_REDO_NOTE, SETUP_TEXT_STATIC, kAutoZeroRedoNote},
 };
 
+SetupTable gTable = {
+    .rowCount = CountOf(gRows),
+    .rows = gRows,
+    .textCount = CountOf(kTexts),
+    .texts = kTexts,
+};
+
 } // namespace
 
 SetupTable* AutoZeroSetupTable() {
     return &gTable;
-}
-void RegisterAutoZeroTexts() {
-    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 int LoadAutoZeroOptions(const char* fileName) {
     return LoadOptionTable(&gTable, fileName);

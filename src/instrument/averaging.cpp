@@ -1,6 +1,6 @@
 #include "instrument/averaging.h"
 
-#include "measure/measure_options.h"
+#include "instrument/delays.h"
 #include "instrument/timing.h"
 #include "platform/host.h"
 #include "support/debug_check.h"

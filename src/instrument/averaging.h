@@ -49,8 +49,6 @@ int LoadAveragingOptions(const char* fileName);
 int SaveAveragingOptions(const char* fileName);
 // The table behind the "Averaging Setup" dialog and the group.
 SetupTable* AveragingSetupTable();
-// The dialog texts of that table.
-void RegisterAveragingTexts();
 // Runs the dialog; the array is re-sized afterwards. 1 for OK.
 int AveragingSetupDialog();
 // The checks of OK and Save; 0 with the number of the bad field in badField.

@@ -1,8 +1,7 @@
 #include "instrument/averaging.h"
 
 #include "platform/host.h"
-#include "ui/setup_table.h"
-#include "ui/setup_texts.h"
+#include "settings/setup_table.h"
 
 namespace {
 
@@ -56,9 +55,6 @@ int AveragingCallback(SetupDialog* dialog, int id, void*, int) {
     return 0;
 }
 
-SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, AveragingCallback,
-                     sizeof kDependencies / sizeof kDependencies[0], kDependencies};
-
 // The rate's row label stands for the layout's separate rate label.
 const SetupText kTexts[] = {
     {ID_CURRENT_TIMES, SETUP_TEXT_LABEL, "&Number of samples"},
@@ -73,14 +69,20 @@ const SetupText kTexts[] = {
      "Remember that Start point should be at least two times less than number of points"},
 };
 
+SetupTable gTable = {
+    .rowCount = CountOf(gRows),
+    .rows = gRows,
+    .callback = AveragingCallback,
+    .dependencyCount = sizeof kDependencies / sizeof kDependencies[0],
+    .dependencies = kDependencies,
+    .textCount = CountOf(kTexts),
+    .texts = kTexts,
+};
+
 } // namespace
 
 SetupTable* AveragingSetupTable() {
     return &gTable;
-}
-
-void RegisterAveragingTexts() {
-    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 
 int LoadAveragingOptions(const char* fileName) {

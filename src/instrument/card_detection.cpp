@@ -1,6 +1,6 @@
 #include "instrument/card_text.h"
 #include "instrument/daq_cards.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
 #include "support/debug_check.h"

@@ -1,6 +1,6 @@
 #include "instrument/virtual_channels.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/bounded_text.h"
 
 #include <cstdio>

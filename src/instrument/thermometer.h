@@ -63,8 +63,6 @@ void TermoCalibrationPath(char* path, size_t size);
 int LoadTermometerOptions(const char* fileName);
 int SaveTermometerOptions(const char* fileName);
 SetupTable* TermometerSetupTable();
-// The dialog texts of that table.
-void RegisterTermometerTexts();
 // "Thermometer Setup"; after OK the table is reloaded and the count reported. 1 for OK.
 int TermometerSetupDialog(void* window = nullptr);
 // The options as printed rows, under "Termometer Options".

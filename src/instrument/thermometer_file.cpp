@@ -1,6 +1,6 @@
 #include "instrument/thermometer.h"
 
-#include "files/settings_registry.h"
+#include "settings/settings_file.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
 #include "support/message_box.h"

@@ -1,12 +1,11 @@
 #include "instrument/thermometer.h"
 
-#include "files/profile.h"
-#include "measure/option_rows.h"
+#include "settings/profile.h"
+#include "settings/option_rows.h"
 #include "platform/host.h"
 #include "support/c_locale.h"
 #include "support/message_box.h"
-#include "ui/setup_table.h"
-#include "ui/setup_texts.h"
+#include "settings/setup_table.h"
 
 i32 TermoIsTofR = 1;
 f32 SensorCurrent = 0.00001f;
@@ -51,9 +50,6 @@ int TermoCallback(SetupDialog* dialog, int id, void*, int) {
     return 1;
 }
 
-SetupTable gTable = {sizeof gRows / sizeof gRows[0], gRows, TermoCallback,
-                     sizeof kDependencies / sizeof kDependencies[0], kDependencies};
-
 const SetupText kTexts[] = {
     {IDC_TERMO_TOFV, SETUP_TEXT_LABEL, "Thermometer|T(V)|T(R)"},
     {IDC_TERMO_CURRENT, SETUP_TEXT_LABEL, "Current through the T-sensor (A)"},
@@ -61,6 +57,16 @@ const SetupText kTexts[] = {
     {IDC_TERMO_FILENAME, SETUP_TEXT_LABEL, "Calibration table"},
     {IDC_TERMO_CURRENT_LABEL, SETUP_TEXT_STATIC, "Sensor current"},
     {IDC_TERMO_BROWSE, SETUP_TEXT_BUTTON, ">>"},
+};
+
+SetupTable gTable = {
+    .rowCount = CountOf(gRows),
+    .rows = gRows,
+    .callback = TermoCallback,
+    .dependencyCount = sizeof kDependencies / sizeof kDependencies[0],
+    .dependencies = kDependencies,
+    .textCount = CountOf(kTexts),
+    .texts = kTexts,
 };
 
 int ReloadTable() {
@@ -73,10 +79,6 @@ int ReloadTable() {
 
 SetupTable* TermometerSetupTable() {
     return &gTable;
-}
-
-void RegisterTermometerTexts() {
-    RegisterSetupTexts(&gTable, kTexts, sizeof kTexts / sizeof kTexts[0]);
 }
 
 int LoadTermometerOptions(const char* fileName) {

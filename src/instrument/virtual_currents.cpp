@@ -1,6 +1,6 @@
 #include "instrument/virtual_channels.h"
 
-#include "measure/measure_options.h"
+#include "instrument/delays.h"
 #include "support/debug_check.h"
 
 #include <cmath>

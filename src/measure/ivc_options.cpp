@@ -1,6 +1,5 @@
 #include "measure/ivc_options.h"
 #include "platform/host.h"
-#include "ui/setup_texts.h"
 
 #include <cfloat>
 #include <climits>
@@ -50,10 +49,6 @@ const int gAutoFields[] = {IDC_IVC_XAXIS_AUTO, IDC_IVC_XAXIS_FROM, IDC_IVC_XAXIS
                            IDC_IVC_XAXIS_AUTO_UNITS};
 const Dependency gIVCxAxisDependencies[] = {{0, 2, gSweep1Fields}, {0, 3, gAutoFields}};
 
-template <size_t N> constexpr unsigned Count(const SetupRow (&)[N]) {
-    return static_cast<unsigned>(N);
-}
-
 const SetupText kIVCTexts[] = {
     {IDC_IVC_TRIGGER, SETUP_TEXT_LABEL, "&Trigger after setting each value of sweep1"},
 };
@@ -74,18 +69,26 @@ const SetupText kTriggerTexts[] = {
 
 } // namespace
 
-SetupTable gIVCSetupTable = {Count(gIVCRows), gIVCRows, nullptr, 0, nullptr};
-SetupTable gIVCxAxisSetupTable = {Count(gIVCxAxisRows), gIVCxAxisRows, nullptr, 2,
-                                  gIVCxAxisDependencies};
-SetupTable gTriggerSetupTable = {Count(gTriggerRows), gTriggerRows, nullptr, 0, nullptr};
-
-void RegisterIVCTexts() {
-    RegisterSetupTexts(&gIVCSetupTable, kIVCTexts, sizeof kIVCTexts / sizeof kIVCTexts[0]);
-    RegisterSetupTexts(&gIVCxAxisSetupTable, kIVCxAxisTexts,
-                       sizeof kIVCxAxisTexts / sizeof kIVCxAxisTexts[0]);
-    RegisterSetupTexts(&gTriggerSetupTable, kTriggerTexts,
-                       sizeof kTriggerTexts / sizeof kTriggerTexts[0]);
-}
+SetupTable gIVCSetupTable = {
+    .rowCount = CountOf(gIVCRows),
+    .rows = gIVCRows,
+    .textCount = CountOf(kIVCTexts),
+    .texts = kIVCTexts,
+};
+SetupTable gIVCxAxisSetupTable = {
+    .rowCount = CountOf(gIVCxAxisRows),
+    .rows = gIVCxAxisRows,
+    .dependencyCount = 2,
+    .dependencies = gIVCxAxisDependencies,
+    .textCount = CountOf(kIVCxAxisTexts),
+    .texts = kIVCxAxisTexts,
+};
+SetupTable gTriggerSetupTable = {
+    .rowCount = CountOf(gTriggerRows),
+    .rows = gTriggerRows,
+    .textCount = CountOf(kTriggerTexts),
+    .texts = kTriggerTexts,
+};
 
 int Trigger_LoadOptions(const char* fileName) {
     LoadOptionTable(&gTriggerSetupTable, fileName);

@@ -1,8 +1,8 @@
 // Options of V(I) (section "Measurements") and of the trigger (section "Trigger"), which IVC,
 // IVF, Ic(H) and Im(H) share.
 #pragma once
-#include "measure/option_rows.h"
-#include "ui/setup_table.h"
+#include "settings/option_rows.h"
+#include "settings/setup_table.h"
 
 #include <cstdint>
 
@@ -35,8 +35,6 @@ enum : int {
 extern SetupTable gIVCSetupTable;
 extern SetupTable gIVCxAxisSetupTable;
 extern SetupTable gTriggerSetupTable;
-// The dialog texts of the three tables above.
-void RegisterIVCTexts();
 
 // The trigger group of the settings lists; it carries the IVC options with it, so that the
 // options of the first measurement come back at start like every other group.

@@ -1,16 +1,10 @@
 #include "measure/measure_options.h"
 
 #include "platform/host.h"
-#include "ui/setup_texts.h"
 
 #include <climits>
 
 uint32_t DelayAfterJumpToStart = 0;
-uint32_t SystemDecayTime = 0;
-uint32_t DelayAfterSweep2 = 0;
-uint32_t DelayBeforeVoltage = 0;
-uint32_t MaxDACStep = 256;
-uint32_t PrimitiveGeneratorStep = 256;
 uint32_t InteractionTime = 500;
 int32_t StopAfterEachCurve = 0;
 
@@ -44,10 +38,6 @@ SetupRow gGeneralMeasureRows[] = {
                   "RescalePlotAfterMeasurement"),
 };
 
-template <size_t N> constexpr unsigned Count(const SetupRow (&)[N]) {
-    return static_cast<unsigned>(N);
-}
-
 const SetupText kDelaysTexts[] = {
     {IDC_DELAY_AFTER_JUMP, SETUP_TEXT_LABEL,
      "After the current jumps at the 1st point: (ms). . . . . . . . ."},
@@ -78,16 +68,18 @@ const char* YesNo(int32_t flag) {
 
 } // namespace
 
-SetupTable gDelaysSetupTable = {Count(gDelaysRows), gDelaysRows, nullptr, 0, nullptr};
-SetupTable gGeneralMeasureSetupTable = {Count(gGeneralMeasureRows), gGeneralMeasureRows, nullptr, 0,
-                                        nullptr};
-
-void RegisterMeasureOptionTexts() {
-    RegisterSetupTexts(&gDelaysSetupTable, kDelaysTexts,
-                       sizeof kDelaysTexts / sizeof kDelaysTexts[0]);
-    RegisterSetupTexts(&gGeneralMeasureSetupTable, kGeneralTexts,
-                       sizeof kGeneralTexts / sizeof kGeneralTexts[0]);
-}
+SetupTable gDelaysSetupTable = {
+    .rowCount = CountOf(gDelaysRows),
+    .rows = gDelaysRows,
+    .textCount = CountOf(kDelaysTexts),
+    .texts = kDelaysTexts,
+};
+SetupTable gGeneralMeasureSetupTable = {
+    .rowCount = CountOf(gGeneralMeasureRows),
+    .rows = gGeneralMeasureRows,
+    .textCount = CountOf(kGeneralTexts),
+    .texts = kGeneralTexts,
+};
 
 int Delays_LoadOptions(const char* fileName) {
     return LoadOptionTable(&gDelaysSetupTable, fileName);

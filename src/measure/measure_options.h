@@ -2,18 +2,14 @@
 // options (sections "Measure" and "Setup"). Each group is one SetupTable that is also its
 // load and save.
 #pragma once
-#include "measure/option_rows.h"
-#include "ui/setup_table.h"
+#include "instrument/delays.h"
+#include "settings/option_rows.h"
+#include "settings/setup_table.h"
 
 #include <cstdint>
 
-// Delays, milliseconds unless told.
+// Delays, milliseconds; the ones the cards obey are in instrument/delays.h.
 extern uint32_t DelayAfterJumpToStart;
-extern uint32_t SystemDecayTime;
-extern uint32_t DelayAfterSweep2;
-extern uint32_t DelayBeforeVoltage;
-extern uint32_t MaxDACStep;             // DAC bits
-extern uint32_t PrimitiveGeneratorStep; // bits of the common scale, 1 to 1024
 extern uint32_t InteractionTime;
 extern int32_t StopAfterEachCurve;
 
@@ -25,8 +21,6 @@ extern int32_t RescalePlotAfterMeasurement;
 
 extern SetupTable gDelaysSetupTable;
 extern SetupTable gGeneralMeasureSetupTable;
-// The dialog texts of the delays and the general tables.
-void RegisterMeasureOptionTexts();
 
 // Control numbers of the two dialogs.
 enum : int {

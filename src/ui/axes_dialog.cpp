@@ -1,8 +1,9 @@
+#include "ui/setup_dialog.h"
 #include "ui/axes_dialog.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "platform/host.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "ui/gpen_ui.h"
 #include "ui/plot_options.h"
 

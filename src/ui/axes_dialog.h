@@ -2,7 +2,7 @@
 // caption font and the two pens. The font and pens are edited on copies that reach
 // gPlotOptions only when the dialog ends with OK, like the rows.
 #pragma once
-#include "ui/setup_table.h"
+#include "settings/setup_table.h"
 
 // Controls of the Axes dialog besides the rows.
 enum : int {

@@ -3,11 +3,11 @@
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_options.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/thermometer.h"
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
@@ -20,8 +20,7 @@
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
 #include "ui/measure_command.h"
-#include "ui/setup_table.h"
-#include "ui/setup_texts.h"
+#include "settings/setup_table.h"
 
 #include <utility>
 
@@ -34,8 +33,13 @@ const char kOptionsFilter[] = "Vantrel configuration  (*.ini)|*.ini";
 namespace {
 
 SetupRow gUserRows[] = {SetupTextRow(101, gUserName, sizeof gUserName, "Setup", nullptr)};
-SetupTable gUserTable = {1, gUserRows, nullptr, 0, nullptr};
 const SetupText kUserTexts[] = {{101, SETUP_TEXT_LABEL, "&User name"}};
+SetupTable gUserTable = {
+    .rowCount = CountOf(gUserRows),
+    .rows = gUserRows,
+    .textCount = CountOf(kUserTexts),
+    .texts = kUserTexts,
+};
 
 // The dialog starts in the last data folder.
 bool AskDataPath(int save, const char* title, const char* filter, char* path, size_t size) {
@@ -292,10 +296,6 @@ int Run(void* window, int command) {
 }
 
 } // namespace
-
-void RegisterCommandDialogTexts() {
-    RegisterSetupTexts(&gUserTable, kUserTexts, sizeof kUserTexts / sizeof kUserTexts[0]);
-}
 
 int CommandDispatch(void* window, int command) {
     const CommandRow* row = FindCommand(command);

@@ -42,8 +42,6 @@ void SetCommandChecked(int number, int checked);
 // Runs one command over the installed host and main window table. 1 when the command is built
 // and ran, 0 for unknown numbers and for commands that are not handled or not built.
 int CommandDispatch(void* window, int command);
-// The dialog texts of the option tables that the commands own themselves (the user name).
-void RegisterCommandDialogTexts();
 // When data are unsaved, asks Yes/No/Cancel; Yes saves through the Save As dialog. False when
 // the user cancelled or the save failed.
 bool AskSaveIfNeeded(void* window);

@@ -1,10 +1,10 @@
 #include "ui/gfont.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
 #include "support/exceptions.h"
-#include "ui/profile_color.h"
+#include "settings/profile_color.h"
 
 #include <cstdio>
 

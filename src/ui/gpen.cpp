@@ -1,9 +1,9 @@
 #include "ui/gpen.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/debug_check.h"
 #include "support/exceptions.h"
-#include "ui/profile_color.h"
+#include "settings/profile_color.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "ui/measure_command.h"
 
 #include "files/data_file_auto.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "measure/measure_options.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"

@@ -1,8 +1,7 @@
 #include "ui/plot_options.h"
 
 #include "ui/axes_dialog.h"
-#include "ui/setup_table.h"
-#include "ui/setup_texts.h"
+#include "settings/setup_table.h"
 
 PlotOptions gPlotOptions;
 
@@ -51,13 +50,13 @@ const SetupText kPlotOptionTexts[] = {
 
 } // namespace
 
-SetupTable gPlotOptionsTable = {sizeof gPlotOptionRows / sizeof gPlotOptionRows[0], gPlotOptionRows,
-                                AxesDialogCallback, 0, nullptr};
-
-void RegisterPlotOptionTexts() {
-    RegisterSetupTexts(&gPlotOptionsTable, kPlotOptionTexts,
-                       sizeof kPlotOptionTexts / sizeof kPlotOptionTexts[0]);
-}
+SetupTable gPlotOptionsTable = {
+    .rowCount = CountOf(gPlotOptionRows),
+    .rows = gPlotOptionRows,
+    .callback = AxesDialogCallback,
+    .textCount = CountOf(kPlotOptionTexts),
+    .texts = kPlotOptionTexts,
+};
 
 int LoadPlotOptions(const char* fileName) {
     LoadOptionTable(&gPlotOptionsTable, fileName);

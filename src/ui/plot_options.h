@@ -30,8 +30,6 @@ extern PlotOptions gPlotOptions;
 // The grid and tick rows of the Axes dialog, bound to gPlotOptions.
 struct SetupTable;
 extern SetupTable gPlotOptionsTable;
-// The dialog texts of that table.
-void RegisterPlotOptionTexts();
 
 // The "axes" group of the settings: the grid and tick keys, then AxesCaptionFont, AxesLines and
 // GridLines. A key missing from the file leaves its variable as it is. Both return 1.

@@ -1,6 +1,6 @@
 #include "ui/startup.h"
 
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "instrument/daq_cards.h"
 #include "instrument/virtual_channels.h"
 #include "support/bounded_text.h"

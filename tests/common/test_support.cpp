@@ -1,3 +1,4 @@
+#include "ui/settings_registry.h"
 #include "common/test_support.h"
 #include "platform/headless_host.h"
 #include "support/debug_check.h"
@@ -160,6 +161,7 @@ int main(int argc, char** argv) {
     // Widget tests run without a display unless one is asked for.
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     ::testing::InitGoogleMock(&argc, argv);
+    InstallSettingsGroups();
     ::testing::UnitTest::GetInstance()->listeners().Append(new HeadlessEnvironment);
     return RUN_ALL_TESTS();
 }

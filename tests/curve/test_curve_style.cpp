@@ -1,6 +1,6 @@
 #include "common/test_support.h"
 #include "curve/curve_style.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 
 #include <gtest/gtest.h>
 

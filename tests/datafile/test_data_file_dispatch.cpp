@@ -1,7 +1,7 @@
 #include "data_file_fixture.h"
 #include "files/data_file_auto.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "measure/measure_options.h"
 
 #include <sys/stat.h>
@@ -129,9 +129,7 @@ TEST_F(DataFileTest, AutomaticPairNeverOverwrites) {
     EXPECT_TRUE(HeadlessBoxes().empty());
 }
 
-TEST_F(DataFileTest, ExistingGroupsTravelInTheDataIniAndTheGroupSitsAtEntry3) {
-    EXPECT_EQ(LoadOptionsFnsList[3], LoadDataFileOptions);
-    EXPECT_EQ(SaveOptionsFnsList[3], SaveDataFileOptions);
+TEST_F(DataFileTest, ExistingGroupsTravelInTheDataIni) {
     uint32_t old = MaxDACStep;
     MaxDACStep = 77;
     SetDataFileOption("SaveDelayOptions", "1");

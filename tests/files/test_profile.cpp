@@ -1,5 +1,5 @@
 #include "common/test_support.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 
 #include <gtest/gtest.h>
 

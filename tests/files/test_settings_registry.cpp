@@ -1,7 +1,7 @@
 #include "common/test_support.h"
 #include "curve/curve_style.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
 #include "ui/plot_options.h"
@@ -130,24 +130,16 @@ TEST(SettingsRegistry, RoundTripGivesTheSameVariablesAndTheSameFile) {
 }
 
 TEST(SettingsRegistry, WalkSkipsEmptyPlacesAndChecksThePairs) {
-    EXPECT_EQ(LoadOptionsFnsList[0], &LoadPlotOptions);
-    EXPECT_EQ(LoadOptionsFnsList[1], &LoadCurveStyles);
-    EXPECT_EQ(SaveOptionsFnsList[5], &Delays_SaveOptions);
-    EXPECT_EQ(LoadOptionsFnsList[6], &GeneralMeasure_LoadOptions);
     TempDir dir;
     gCounted = 0;
-    unsigned spare = 0;
-    while (spare < kOptionsFnsCount && (LoadOptionsFnsList[spare] || SaveOptionsFnsList[spare]))
-        ++spare;
-    ASSERT_LT(spare, kOptionsFnsCount);
-    LoadOptionsFnsList[spare] = SaveOptionsFnsList[spare] = CountingFn;
+    const SettingsGroup groups[] = {{.name = "empty"},
+                                    {.name = "same", .load = CountingFn, .save = CountingFn}};
     {
         AssertCapture capture;
-        LoadAllSettings(dir.File("vtl.ini").c_str());
+        WalkSettingsGroups(groups, 2, false, dir.File("vtl.ini").c_str());
         ASSERT_EQ(capture.Count(), 1);
         EXPECT_EQ(capture.Messages()[0], "LoadOptionsFnsList[i]!=SaveOptionsFnsList[i]");
     }
-    LoadOptionsFnsList[spare] = SaveOptionsFnsList[spare] = nullptr;
     EXPECT_EQ(gCounted, 1);
 }
 

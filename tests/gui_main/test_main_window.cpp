@@ -1,3 +1,4 @@
+#include "ui/setup_dialog.h"
 #include "curve/undo.h"
 #include "gui/color_button.h"
 #include "gui_app.h"

@@ -1,6 +1,6 @@
 // The Temperature window over the simulated sample, wired by the shipped vtl.ini.
 #include "common/test_support.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "gui/main_window.h"
 #include "gui/temperature_bar.h"
 #include "gui/temperature_window.h"

@@ -1,6 +1,6 @@
 #include "sim_rack.h"
 
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/daq_cards.h"

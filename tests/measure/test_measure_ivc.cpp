@@ -1,7 +1,7 @@
 // V(I) runs on the simulated sample, wired by the shipped settings file.
 #include "common/test_support.h"
 #include "curve/undo.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "instrument/daq/daq_driver.h"
 #include "instrument/daq/sim_driver.h"
 #include "instrument/daq_cards.h"
@@ -143,7 +143,8 @@ TEST_F(MeasureIvcTest, BothDirectionsShowTheHysteresisLoopOfJ1) {
     EXPECT_LT(down, 0.7 * up);
     // The swept current is back where it stood, and nothing needed a message.
     EXPECT_EQ(DacState[FirstSweep1Current()], 32768u);
-    for (const auto& box : HeadlessBoxes()) ADD_FAILURE() << box.caption << ": " << box.text;
+    for (const auto& box : HeadlessBoxes())
+        ADD_FAILURE() << box.caption << ": " << box.text;
 }
 
 TEST_F(MeasureIvcTest, StopEarlyClearsAndLaterKeepsThePointsBefore) {

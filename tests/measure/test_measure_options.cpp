@@ -1,5 +1,5 @@
 #include "common/test_support.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "measure/measure_options.h"
 #include "platform/headless_host.h"
 

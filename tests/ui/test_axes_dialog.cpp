@@ -1,10 +1,11 @@
 // The Axes dialog's font and pen buttons, driven through the table engine on an in-memory
 // dialog: the choosers and the dialog's own OK both have to agree before gPlotOptions changes.
+#include "ui/setup_dialog.h"
 #include "fake_dialog.h"
 
 #include "common/test_support.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "platform/headless_host.h"
 #include "support/bounded_text.h"
 #include "support/exceptions.h"

@@ -1,5 +1,5 @@
 #include "common/test_support.h"
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "recording_canvas.h"
 #include "support/exceptions.h"
 #include "ui/gfont.h"

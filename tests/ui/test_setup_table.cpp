@@ -1,9 +1,9 @@
 #include "common/test_support.h"
 #include "fake_dialog.h"
-#include "files/profile.h"
-#include "files/settings_registry.h"
+#include "settings/profile.h"
+#include "ui/settings_registry.h"
 #include "platform/headless_host.h"
-#include "ui/setup_table.h"
+#include "ui/setup_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,6 @@
 #include "measure/measure_options.h"
 #include "platform/host.h"
 #include "ui/plot_options.h"
-#include "ui/setup_texts.h"
 
 #include <cstring>
 #include <set>
@@ -84,8 +83,8 @@ void ExpectLabelled(const SetupTable* table, const char* name) {
             EXPECT_GE(Parts(text->text), 3u) << name << ": radio " << row.controlId;
         }
     }
-    unsigned count = 0;
-    const SetupText* texts = SetupTexts(table, &count);
+    const unsigned count = table->textCount;
+    const SetupText* texts = table->texts;
     for (unsigned i = 0; i < count; ++i) {
         if (texts[i].kind != SETUP_TEXT_LABEL) continue;
         EXPECT_TRUE(rowIds.count(texts[i].controlId))
@@ -176,8 +175,8 @@ TEST_F(OptionDialogTexts, DataFileFlagsSayWhatTheySteer) {
 }
 
 TEST_F(OptionDialogTexts, AutoZeroCarriesTheNoteOfItsRedoOption) {
-    unsigned count = 0;
-    const SetupText* texts = SetupTexts(AutoZeroSetupTable(), &count);
+    const unsigned count = AutoZeroSetupTable()->textCount;
+    const SetupText* texts = AutoZeroSetupTable()->texts;
     bool found = false;
     for (unsigned i = 0; i < count; ++i)
         found |=

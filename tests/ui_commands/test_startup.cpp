@@ -2,7 +2,7 @@
 
 #include "common/test_support.h"
 #include "files/data_file.h"
-#include "files/settings_registry.h"
+#include "ui/settings_registry.h"
 #include "instrument/daq_cards.h"
 #include "common/fake_rack.h"
 #include "measure/measure_options.h"

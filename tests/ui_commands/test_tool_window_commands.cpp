@@ -1,6 +1,6 @@
 #include "commands_fixture.h"
 
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 
 namespace {
 

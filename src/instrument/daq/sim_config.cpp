@@ -1,7 +1,7 @@
 #include "instrument/daq/sim_config.h"
 #include "instrument/daq/sim_internal.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/c_locale.h"
 
 #include <algorithm>
@@ -345,7 +345,7 @@ SimConfig DefaultSimConfig() {
     c.inputs[kSigMonitor] = {Port(1, 4), 1.0, 0.0003, 0.0};
     c.inputs[kSigTrigger] = {Port(1, 7), 1.0, 0.0, 0.0};
     c.j1 = {1e-4, 10.0, 5.0, 1e-5, 2e-3}; // hysteretic: retraps near 0.54 Ic
-    c.j2 = {6e-5, 15.0, 0.0, 0.0, 3e-3}; // overdamped
+    c.j2 = {6e-5, 15.0, 0.0, 0.0, 3e-3};  // overdamped
     return c;
 }
 

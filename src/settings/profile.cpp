@@ -1,5 +1,5 @@
-#include "files/profile.h"
-#include "files/profile_document.h"
+#include "settings/profile.h"
+#include "settings/profile_document.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
 

@@ -1,4 +1,4 @@
-#include "instrument/thermometer_window.h"
+#include "ui/thermometer_window.h"
 
 #include "measure/measure_run.h"
 #include "support/c_locale.h"

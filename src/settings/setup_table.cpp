@@ -1,20 +1,16 @@
-#include "ui/setup_table.h"
+#include "settings/setup_table.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
 
 #include <cstdlib>
 #include <cstring>
 
-SetupTable* gCurrentSetupTable = nullptr;
-
-SetupTable* GetCurrentSetupTable() {
-    return gCurrentSetupTable;
-}
-
-void SetCurrentSetupTable(SetupTable* table) {
-    gCurrentSetupTable = table;
+const SetupText* FindSetupText(const SetupTable* table, int controlId) {
+    for (unsigned i = 0; i < table->textCount; ++i)
+        if (table->texts[i].controlId == controlId) return &table->texts[i];
+    return nullptr;
 }
 
 namespace {

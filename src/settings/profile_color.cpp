@@ -1,6 +1,6 @@
-#include "ui/profile_color.h"
+#include "settings/profile_color.h"
 
-#include "files/profile.h"
+#include "settings/profile.h"
 #include "support/c_locale.h"
 
 #include <cstdlib>

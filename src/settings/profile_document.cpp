@@ -1,4 +1,4 @@
-#include "files/profile_document.h"
+#include "settings/profile_document.h"
 
 #include <cctype>
 

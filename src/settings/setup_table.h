@@ -1,5 +1,7 @@
 // Table-driven option groups: one SetupTable describes a group of settings once, and serves
 // both as the group's load and save functions and as its dialog, with no code of its own.
+// The rows and the file passes live here; the passes between rows and a dialog's controls are
+// the interface's (ui/setup_dialog.h).
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -52,13 +54,41 @@ struct Dependency {
     const int* ids;
 };
 
+// The text of a control of the group's dialog: a row's label, taken whole; a radio group's
+// "caption|first button|second button|..."; controls that are not rows (a browse button, a
+// static label that a dependency greys out) with their kind.
+enum : int {
+    SETUP_TEXT_LABEL = 0,  // the label of a row, or the captions of a radio group
+    SETUP_TEXT_BUTTON = 1, // a push button that is not a row; its command goes to the table
+    SETUP_TEXT_STATIC = 2, // a static text that is not a row
+};
+
+struct SetupText {
+    int controlId;
+    int kind;
+    const char* text; // Windows-1252
+};
+
+// A group carries its rows, its dialog behaviour and its dialog texts.
 struct SetupTable {
     unsigned rowCount;
     SetupRow* rows;
-    SetupCallback callback;
-    unsigned dependencyCount;
-    const Dependency* dependencies;
+    SetupCallback callback = nullptr;
+    unsigned dependencyCount = 0;
+    const Dependency* dependencies = nullptr;
+    unsigned textCount = 0;
+    const SetupText* texts = nullptr;
 };
+
+template <size_t N> constexpr unsigned CountOf(const SetupRow (&)[N]) {
+    return static_cast<unsigned>(N);
+}
+template <size_t N> constexpr unsigned CountOf(const SetupText (&)[N]) {
+    return static_cast<unsigned>(N);
+}
+
+// The text of a control, or null.
+const SetupText* FindSetupText(const SetupTable* table, int controlId);
 
 // Row builders, so that tables read as one line per setting.
 SetupRow SetupIntRow(int controlId, int32_t* variable, const char* section, const char* key,
@@ -90,11 +120,6 @@ void FreeSetupTextBlock(SetupRow& row);
 int LoadOptionTable(SetupTable* table, const char* fileName);
 int SaveOptionTable(SetupTable* table, const char* fileName);
 
-// One table-driven dialog can be open at a time.
-extern SetupTable* gCurrentSetupTable;
-SetupTable* GetCurrentSetupTable();
-void SetCurrentSetupTable(SetupTable* table);
-
 // What the dialog logic needs of a dialog: the Qt dialog and the tests' fake both fill it in.
 // Check states: 0 unchecked, 1 checked, 2 third state.
 struct SetupDialogOps {
@@ -125,21 +150,6 @@ struct SetupDialog {
 
 // Fixed control numbers of every table-driven dialog.
 enum : int { SETUP_ID_OK = 1, SETUP_ID_CANCEL = 2, SETUP_ID_SAVE = 2000, SETUP_ID_LOAD = 2001 };
-
-// Between the rows and the controls. ControlsToRows reads only controls that exist, are not
-// static and are enabled; the others take the variable. It stops at the first bad row:
-// 0 when all rows were read, row + 1 for a bad value, -(row + 1) when no text block could be
-// had. RowsToControls returns 0, or row + 1 for a radio group whose control is missing.
-int ControlsToRows(SetupTable* table, SetupDialog* dialog);
-int RowsToControls(SetupTable* table, SetupDialog* dialog);
-// Applies every dependency to its slaves in list order.
-void ProcessDependencies(const SetupTable* table, SetupDialog* dialog);
-
-// The dialog procedure, split into its two events. SetupDlg_Open fills the dialog; it returns
-// 0 when the dialog had to end (a missing radio button). SetupDlg_Command returns -1 while the
-// dialog stays open, otherwise the result it ended with. The system menu's close is Cancel.
-int SetupDlg_Open(SetupTable* table, SetupDialog* dialog);
-int SetupDlg_Command(SetupDialog* dialog, int controlId, void* controlHandle, int notification);
 
 // The field helpers: read a number from an edit within limits (a descending pair is legal).
 // A bad or out-of-range value beeps, focuses the control, selects its text and returns 0.

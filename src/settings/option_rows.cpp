@@ -1,4 +1,4 @@
-#include "measure/option_rows.h"
+#include "settings/option_rows.h"
 
 #include "support/c_locale.h"
 

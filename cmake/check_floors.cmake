@@ -1,0 +1,35 @@
+# Refuses an include that runs from a lower floor to a higher one. Floors, from the ground up:
+#   platform < support < settings < curve < instrument < measure < analysis < files < ui < gui < app
+# A folder includes only folders on its own floor or below. A folder of src/ with no floor is
+# refused too, so that a new folder gets its place before it grows.
+# Run as: cmake -DROOT=<project> -P check_floors.cmake
+set(floors platform support settings curve instrument measure analysis files ui gui app)
+file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/src/*.h ${ROOT}/src/*.cpp ${ROOT}/app/*.h
+     ${ROOT}/app/*.cpp)
+set(bad "")
+foreach(path IN LISTS sources)
+  string(REPLACE "/" ";" parts "${path}")
+  list(GET parts 0 top)
+  if(top STREQUAL "app")
+    set(here app)
+  else()
+    list(GET parts 1 here)
+  endif()
+  list(FIND floors ${here} hereRank)
+  if(hereRank EQUAL -1)
+    string(APPEND bad "${path}: folder ${here} has no floor\n")
+    continue()
+  endif()
+  file(STRINGS ${ROOT}/${path} includes REGEX "^[ \t]*#[ \t]*include[ \t]+\"[a-z_]+/")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE "^[^\"]*\"([a-z_]+)/.*$" "\\1" there "${line}")
+    list(FIND floors ${there} thereRank)
+    if(thereRank GREATER hereRank)
+      string(REGEX REPLACE "^[^\"]*\"([^\"]+)\".*$" "\\1" header "${line}")
+      string(APPEND bad "${path}: ${here} includes ${header} (${there} is higher)\n")
+    endif()
+  endforeach()
+endforeach()
+if(bad)
+  message(FATAL_ERROR "Includes that run upward:\n${bad}")
+endif()

@@ -1,0 +1,3 @@
+#include "settings/settings_file.h"
+
+char gIniFileName[4096] = "vtl.ini";
