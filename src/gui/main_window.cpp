@@ -68,10 +68,10 @@ void QtUpdateMenus(void* window) {
     if (Window(window)) Window(window)->UpdateMenus();
 }
 void QtOpenToolWindow(void* window, int command, int layout) {
-    if (command == kTemperatureCommand) OpenTemperatureWindow(Window(window), layout);
+    if (command == IDM_TEMPERATURE) OpenTemperatureWindow(Window(window), layout);
 }
 void QtCloseToolWindow(void*, int command) {
-    if (command == kTemperatureCommand) CloseTemperatureWindow();
+    if (command == IDM_TEMPERATURE) CloseTemperatureWindow();
 }
 // The modifiers of the key or click that triggered the action.
 int QtShiftDown(void*) {
@@ -79,8 +79,17 @@ int QtShiftDown(void*) {
 }
 
 const MainWindowCalls kQtWindowCalls = {
-    QtRefresh,    QtSetTitle,    QtDestroy,        QtAbout,           QtChooseCurve,
-    QtCurveStyle, QtUpdateMenus, QtOpenToolWindow, QtCloseToolWindow, QtShiftDown};
+    .Refresh = QtRefresh,
+    .SetTitle = QtSetTitle,
+    .Destroy = QtDestroy,
+    .About = QtAbout,
+    .ChooseCurve = QtChooseCurve,
+    .CurveStyle = QtCurveStyle,
+    .UpdateMenus = QtUpdateMenus,
+    .OpenToolWindow = QtOpenToolWindow,
+    .CloseToolWindow = QtCloseToolWindow,
+    .ShiftDown = QtShiftDown,
+};
 
 QList<QKeySequence> KeysOf(const CommandRow& row) {
     QList<QKeySequence> keys;
@@ -179,7 +188,7 @@ void VantrelMainWindow::closeEvent(QCloseEvent* event) {
     }
     // The close box is Exit: it asks about unsaved data, and Exit closes again when agreed.
     event->ignore();
-    CommandDispatch(this, 125);
+    CommandDispatch(this, IDM_EXIT);
 }
 
 void VantrelMainWindow::dragEnterEvent(QDragEnterEvent* event) {

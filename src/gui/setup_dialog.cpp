@@ -110,20 +110,21 @@ void End(void* c, int result) {
 } // namespace
 
 const SetupDialogOps QtSetupDialog::kOps = {
-    Exists,
-    IsStatic,
-    IsEnabled,
-    GetText,
-    SetText,
-    LimitText,
-    GetCheck,
-    SetCheck,
-    Enable,
-    Show,
-    FocusAndSelectAll,
-    [](void* c, int id) { return static_cast<QtSetupDialog*>(c)->NextRadio(id); },
-    Beep,
-    End};
+    .Exists = Exists,
+    .IsStatic = IsStatic,
+    .IsEnabled = IsEnabled,
+    .GetText = GetText,
+    .SetText = SetText,
+    .LimitText = LimitText,
+    .GetCheck = GetCheck,
+    .SetCheck = SetCheck,
+    .Enable = Enable,
+    .Show = Show,
+    .FocusAndSelectAll = FocusAndSelectAll,
+    .NextRadio = [](void* c, int id) { return static_cast<QtSetupDialog*>(c)->NextRadio(id); },
+    .Beep = Beep,
+    .End = End,
+};
 
 QtSetupDialog::QtSetupDialog(SetupTable* table, const QString& caption, QWidget* parent)
     : QDialog(parent), table_(table), engine_{&kOps, this} {

@@ -63,8 +63,14 @@ void ViewClose(void* view) {
 
 } // namespace
 
-const SetupPanelView SetupPanelDialog::kView = {ViewCaption, ViewFill,   ViewText,
-                                                ViewCheck,   ViewEnable, ViewClose};
+const SetupPanelView SetupPanelDialog::kView = {
+    .SetCaption = ViewCaption,
+    .FillList = ViewFill,
+    .SetText = ViewText,
+    .SetCheck = ViewCheck,
+    .Enable = ViewEnable,
+    .Close = ViewClose,
+};
 
 QWidget* SetupPanelDialog::Control(int id) const {
     auto it = controls_.find(id);

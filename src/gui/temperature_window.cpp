@@ -71,7 +71,7 @@ TemperatureWindow::TemperatureWindow(QWidget* owner, int layout)
 
 TemperatureWindow::~TemperatureWindow() {
     // Also when the owner goes first and no close came.
-    SetCommandChecked(kTemperatureCommand, 0);
+    SetCommandChecked(IDM_TEMPERATURE, 0);
 }
 
 // The upper limit on top, the lower at the bottom and the four labels between them.
@@ -151,7 +151,7 @@ void TemperatureWindow::closeEvent(QCloseEvent* event) {
     timer_.stop();
     // The deletion comes later; a command in between must make a new window.
     if (gWindow == this) gWindow = nullptr;
-    SetCommandChecked(kTemperatureCommand, 0);
+    SetCommandChecked(IDM_TEMPERATURE, 0);
     MainWindow().UpdateMenus(owner_);
     event->accept();
 }

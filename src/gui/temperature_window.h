@@ -2,6 +2,7 @@
 // sensor value and as a bar between two editable limits. Modeless and owned by the main
 // window; as it closes it removes the check mark of its command.
 #pragma once
+#include "ui/command_ids.h"
 #include "ui/thermometer_window.h"
 
 #include <QPointer>
@@ -11,8 +12,6 @@
 class QLabel;
 class QLineEdit;
 class TemperatureBar;
-
-constexpr int kTemperatureCommand = 134;
 
 class TemperatureWindow : public QWidget {
     Q_OBJECT

@@ -129,138 +129,138 @@ void OpenCommandLineFiles(void* window) {
 
 int Run(void* window, int command) {
     switch (command) {
-    case 197:
+    case IDM_OPEN:
         return OpenCommand(window, 0);
-    case 198:
+    case IDM_ADD:
         return OpenCommand(window, 1);
-    case 271:
+    case IDM_SAVE:
         return SaveAs(window);
-    case 199:
+    case IDM_USER_NAME:
         Host().RunSetupDialog(&gUserTable, "User name");
         return 1;
-    case 125:
+    case IDM_EXIT:
         if (AskSaveIfNeeded(window)) MainWindow().Destroy(window);
         return 1;
 
-    case 187:
+    case IDM_UNDO:
         RestoreUndo();
         RefreshAll(window);
         return 1;
-    case 234:
+    case IDM_DESELECT:
         if (gSelectionState != 2) return 1;
         SetSelectionState(0);
         gCurves.UnmarkAll();
         RefreshAll(window);
         return 1;
-    case 236:
+    case IDM_RESELECT:
         if (gSelectionState == 0) SetSelectionState(2);
         RefreshAll(window);
         return 1;
-    case 191:
+    case IDM_CLEAR_SCREEN:
         SaveUndo();
         gCurves.Reset();
         gViewScale.scaleAuto = 1;
         RefreshAll(window);
         return 1;
 
-    case 253:
-    case 254:
+    case IDM_DYDX_X:
+    case IDM_DYDX_Y:
         SaveUndo();
-        if (command == 253 ? gCurves.DifferentiateX() : gCurves.DifferentiateY())
+        if (command == IDM_DYDX_X ? gCurves.DifferentiateX() : gCurves.DifferentiateY())
             ReportDiscardedCurves();
         Changed(window);
         return 1;
-    case 255:
+    case IDM_INTEGRATE:
         SaveUndo();
         gCurves.Integrate();
         Changed(window);
         return 1;
-    case 144:
+    case IDM_SWAP_XY:
         SwapViewRanges();
         gCurves.SwapAxes();
         RefreshAll(window);
         return 1;
-    case 156:
+    case IDM_REVERSE_POINTS:
         ReversePoints();
         RefreshAll(window);
         return 1;
 
-    case 134:
-        ToggleToolWindow(window, 134,
+    case IDM_TEMPERATURE:
+        ToggleToolWindow(window, IDM_TEMPERATURE,
                          MainWindow().ShiftDown(window) ? kTermoLayoutWide : kTermoLayoutNarrow);
         return 1;
-    case 159:
+    case IDM_CURVE_MANAGEMENT:
         if (!SaveUndo()) return 1;
         MainWindow().ChooseCurve(window, -1);
         Changed(window);
         return 1;
-    case 222:
+    case IDM_CTX_PROPERTIES:
         if (!SaveUndo()) return 1;
         MainWindow().ChooseCurve(window, FirstMarked());
         Changed(window);
         return 1;
-    case 229:
+    case IDM_CTX_STYLE:
         if (FirstMarked() >= 0 && MainWindow().CurveStyle(window, FirstMarked()))
             RefreshAll(window);
         return 1;
-    case 221:
+    case IDM_CTX_DELETE:
         if (!SaveUndo()) return 1;
         gCurves.DeleteMarked();
         Changed(window);
         return 1;
 
-    case 29:
+    case IDM_MEASURE_IVC:
         MeasureCommand(window, "IVC", true);
         return 1;
-    case 147:
+    case IDM_OPT_VOLTAGES:
         ChannelPanelCommand(window, 1);
         return 1;
-    case 148:
+    case IDM_OPT_CURRENTS:
         ChannelPanelCommand(window, 0);
         return 1;
 
-    case 146:
+    case IDM_OPT_AVERAGING:
         AveragingSetupDialog();
         return 1;
-    case 142:
+    case IDM_OPT_DATA_FILE:
         ShowDataFileOptions();
         return 1;
-    case 166:
+    case IDM_OPT_THERMOMETER:
         TermometerSetupDialog(window);
         return 1;
-    case 263:
+    case IDM_SHOW_CALIBRATION_CURVE:
         SaveUndo();
         if (!ShowTemperatureCurve(window, gCurves)) RestoreUndo();
         Changed(window);
         return 1;
-    case 172:
+    case IDM_OPT_DELAY:
         Delays_OptionsDialog(window);
         return 1;
-    case 268:
+    case IDM_OPT_IVC:
         IVC_OptionsDialog(window);
         return 1;
-    case 282:
+    case IDM_OPT_TRIGGER:
         Trigger_OptionsDialog(window);
         return 1;
-    case 171:
+    case IDM_OPT_AXES:
         AxesOptionsDialog(window);
         RefreshAll(window);
         return 1;
-    case 265:
+    case IDM_OPT_AUTOZERO:
         AutoZeroOptionsDialog();
         return 1;
-    case 264:
+    case IDM_OPT_GENERAL:
         GeneralMeasure_OptionsDialog(window);
         RefreshAll(window);
         return 1;
 
-    case 218:
+    case IDM_LOAD_WINDOW_POSITION:
         LoadWindowPosition(window, gIniFileName);
         return 1;
-    case 140:
+    case IDM_SAVE_WINDOW_POSITION:
         SaveWindowPosition(window, gIniFileName);
         return 1;
-    case 201: {
+    case IDM_LOAD_OPTIONS: {
         // Linux paths keep their "/": the dialog starts from the settings file as it is.
         char path[sizeof gIniFileName];
         BoundedCopy(path, gIniFileName);
@@ -268,10 +268,10 @@ int Run(void* window, int command) {
             LoadOptionsFrom(window, path);
         return 1;
     }
-    case 202:
+    case IDM_SAVE_OPTIONS:
         SaveOptionsTo(window);
         return 1;
-    case 203: {
+    case IDM_SAVE_OPTIONS_AS: {
         char path[sizeof gIniFileName];
         BoundedCopy(path, gIniFileName);
         if (Host().FileDialog(1, "", kOptionsFilter, path, sizeof path) == 1) {
@@ -281,14 +281,14 @@ int Run(void* window, int command) {
         return 1;
     }
 
-    case 195:
-    case 196:
+    case IDM_HELP_CONTENT:
+    case IDM_HELP_SEARCH:
         HelpOutOfDate(window);
         return 1;
-    case 2:
+    case IDM_ABOUT:
         MainWindow().About(window);
         return 1;
-    case 266:
+    case IDM_OPEN_COMMAND_LINE_FILES:
         OpenCommandLineFiles(window);
         return 1;
     }

@@ -2,6 +2,7 @@
 // rules that enable it. The Qt window builds its menus from this table; CommandDispatch runs
 // any number over whichever host is installed, so every command can run without a window.
 #pragma once
+#include "ui/command_ids.h"
 
 enum : unsigned {
     CMD_BUILT = 0x1,          // CommandDispatch implements it

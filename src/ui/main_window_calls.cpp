@@ -44,9 +44,17 @@ int HeadlessShiftDown(void*) {
 }
 
 const MainWindowCalls kHeadless = {
-    HeadlessRefresh,         HeadlessSetTitle,   HeadlessDestroy,     HeadlessAbout,
-    HeadlessChooseCurve,     HeadlessCurveStyle, HeadlessUpdateMenus, HeadlessOpenToolWindow,
-    HeadlessCloseToolWindow, HeadlessShiftDown};
+    .Refresh = HeadlessRefresh,
+    .SetTitle = HeadlessSetTitle,
+    .Destroy = HeadlessDestroy,
+    .About = HeadlessAbout,
+    .ChooseCurve = HeadlessChooseCurve,
+    .CurveStyle = HeadlessCurveStyle,
+    .UpdateMenus = HeadlessUpdateMenus,
+    .OpenToolWindow = HeadlessOpenToolWindow,
+    .CloseToolWindow = HeadlessCloseToolWindow,
+    .ShiftDown = HeadlessShiftDown,
+};
 const MainWindowCalls* gCalls = &kHeadless;
 
 } // namespace

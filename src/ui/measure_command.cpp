@@ -40,7 +40,7 @@ int MeasureCommand(void* window, const char* title, bool swapRule) {
             std::swap(gViewScale.xMin, gViewScale.yMin);
             std::swap(gViewScale.xMax, gViewScale.yMax);
         }
-        CommandDispatch(window, 144);
+        CommandDispatch(window, IDM_SWAP_XY);
     } else {
         RefreshAll(window);
     }

@@ -1,3 +1,4 @@
+#include "ui/command_ids.h"
 #include "ui/startup.h"
 
 #include "ui/settings_registry.h"
@@ -42,7 +43,7 @@ int StartupCreate(void* window) {
 void StartupFinish(void* window, void (*post)(void* window, int command)) {
     SetSelectionState(0);
     gViewScale.scaleAuto = 1;
-    int command = PositionalCount() > 1 ? 266 : 2;
+    int command = PositionalCount() > 1 ? IDM_OPEN_COMMAND_LINE_FILES : IDM_ABOUT;
     if (post)
         post(window, command);
     else

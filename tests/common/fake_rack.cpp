@@ -124,7 +124,23 @@ i16 ErrorHandler(i16, const char*, i16) {
 } // namespace
 
 const DaqDriver kFakeDriver = {
-    "fake", Version,  DeviceInfo,      ChassisInfo, ModuleId,     AiVScale,    DaqVScale,
-    AiRead, DaqOp,    ScanOp,          AoVScale,    AoWrite,      ScxiAoWrite, TimeoutConfig,
-    WfmOp,  WfmScale, WfmGroupControl, WfmCheck,    ErrorHandler,
+    .name = "fake",
+    .Get_NI_DAQ_Version = Version,
+    .Get_DAQ_Device_Info = DeviceInfo,
+    .SCXI_Get_Chassis_Info = ChassisInfo,
+    .SCXI_Get_Module_Id = ModuleId,
+    .AI_VScale = AiVScale,
+    .DAQ_VScale = DaqVScale,
+    .AI_Read = AiRead,
+    .DAQ_Op = DaqOp,
+    .SCAN_Op = ScanOp,
+    .AO_VScale = AoVScale,
+    .AO_Write = AoWrite,
+    .SCXI_AO_Write = ScxiAoWrite,
+    .Timeout_Config = TimeoutConfig,
+    .WFM_Op = WfmOp,
+    .WFM_Scale = WfmScale,
+    .WFM_Group_Control = WfmGroupControl,
+    .WFM_Check = WfmCheck,
+    .ErrorHandler = ErrorHandler,
 };

@@ -62,23 +62,23 @@ TEST_F(Gui, MenusComeFromTheCommandTable) {
     ASSERT_EQ(unsigned(menus.size()), gMenuCount);
     for (unsigned i = 0; i < gMenuCount; ++i)
         EXPECT_EQ(menus[int(i)]->text(), gMenuTitles[i]);
-    ASSERT_NE(w.Action(197), nullptr);
-    EXPECT_EQ(w.Action(197)->text(), "&Open\tCtrl+O");
-    EXPECT_EQ(w.Action(197)->shortcut(), QKeySequence("Ctrl+O"));
-    EXPECT_EQ(w.Action(187)->shortcuts().size(), 2);
-    EXPECT_EQ(w.Action(153)->text(), "&V(T) && R(T)\tF8");
-    EXPECT_FALSE(w.Action(187)->isEnabled());
-    EXPECT_FALSE(w.Action(233)->isEnabled());
-    EXPECT_TRUE(w.Action(253)->isEnabled());
+    ASSERT_NE(w.Action(IDM_OPEN), nullptr);
+    EXPECT_EQ(w.Action(IDM_OPEN)->text(), "&Open\tCtrl+O");
+    EXPECT_EQ(w.Action(IDM_OPEN)->shortcut(), QKeySequence("Ctrl+O"));
+    EXPECT_EQ(w.Action(IDM_UNDO)->shortcuts().size(), 2);
+    EXPECT_EQ(w.Action(IDM_MEASURE_VT)->text(), "&V(T) && R(T)\tF8");
+    EXPECT_FALSE(w.Action(IDM_UNDO)->isEnabled());
+    EXPECT_FALSE(w.Action(IDM_DELETE_POINTS_IN)->isEnabled());
+    EXPECT_TRUE(w.Action(IDM_DYDX_X)->isEnabled());
 
     gCurves.SetCurveCount(1);
     gCurves.GetCurve(0).AddPoint(1, 2);
     SaveUndo();
     SetSelectionState(2);
     w.UpdateMenus();
-    EXPECT_TRUE(w.Action(187)->isEnabled());
-    EXPECT_FALSE(w.Action(253)->isEnabled());
-    EXPECT_TRUE(w.Action(234)->isEnabled());
+    EXPECT_TRUE(w.Action(IDM_UNDO)->isEnabled());
+    EXPECT_FALSE(w.Action(IDM_DYDX_X)->isEnabled());
+    EXPECT_TRUE(w.Action(IDM_DESELECT)->isEnabled());
 }
 
 TEST_F(Gui, StatusBarHasFourPanesAndTheHostWritesThem) {

@@ -45,7 +45,7 @@ class TemperatureWindowTest : public AppFirst, public ::testing::Test {
     void SetUp() override {
         App();
         HeadlessReset();
-        SetCommandChecked(134, 0);
+        SetCommandChecked(IDM_TEMPERATURE, 0);
         WriteWholeFile(dir_.File("simdaq.ini"), "[Clock]\nMode=step\n[Noise]\nSeed=3\n");
         ASSERT_TRUE(SimDaqLoad(dir_.File("simdaq.ini").c_str()));
         gCounting = gSimDaqDriver;
@@ -76,7 +76,7 @@ class TemperatureWindowTest : public AppFirst, public ::testing::Test {
         ResizeAveragingArray();
     }
     TemperatureWindow* Open() {
-        CommandDispatch(&window_, 134);
+        CommandDispatch(&window_, IDM_TEMPERATURE);
         return OpenedTemperatureWindow();
     }
     static double Kelvin(const TemperatureWindow* t) {
@@ -91,7 +91,7 @@ TEST_F(TemperatureWindowTest, ShowsTheSampleTemperatureEachTickWithBarAndScale) 
     ASSERT_NE(t, nullptr);
     EXPECT_TRUE(t->isVisible());
     EXPECT_EQ(t->Layout(), kTermoLayoutNarrow);
-    EXPECT_TRUE(window_.Action(134)->isChecked());
+    EXPECT_TRUE(window_.Action(IDM_TEMPERATURE)->isChecked());
     EXPECT_TRUE(t->Timer().isActive());
     EXPECT_EQ(t->ScaleLabel(1)->text(), "60.00   ");
 
@@ -115,13 +115,13 @@ TEST_F(TemperatureWindowTest, ClosingTheWindowOrTheCommandClearsTheCheck) {
     ASSERT_NE(t, nullptr);
     t->close();
     EXPECT_EQ(OpenedTemperatureWindow(), nullptr);
-    EXPECT_FALSE(window_.Action(134)->isChecked());
+    EXPECT_FALSE(window_.Action(IDM_TEMPERATURE)->isChecked());
 
     ASSERT_NE(Open(), nullptr);
-    EXPECT_TRUE(window_.Action(134)->isChecked());
-    CommandDispatch(&window_, 134);
+    EXPECT_TRUE(window_.Action(IDM_TEMPERATURE)->isChecked());
+    CommandDispatch(&window_, IDM_TEMPERATURE);
     EXPECT_EQ(OpenedTemperatureWindow(), nullptr);
-    EXPECT_FALSE(window_.Action(134)->isChecked());
+    EXPECT_FALSE(window_.Action(IDM_TEMPERATURE)->isChecked());
 }
 
 TEST_F(TemperatureWindowTest, ControlShiftTOpensTheWideLayout) {

@@ -1,4 +1,5 @@
 // Options | Axes opens the Axes table and repaints whatever the dialog's answer.
+#include "ui/command_ids.h"
 #include "commands_fixture.h"
 
 #include "platform/host.h"
@@ -37,13 +38,13 @@ class AxesCommand : public Commands {
 };
 
 TEST_F(AxesCommand, OpensTheAxesTableAndRefreshesOnOkAndCancel) {
-    ASSERT_NE(FindCommand(171), nullptr);
-    EXPECT_TRUE(FindCommand(171)->flags & CMD_BUILT);
+    ASSERT_NE(FindCommand(IDM_OPT_AXES), nullptr);
+    EXPECT_TRUE(FindCommand(IDM_OPT_AXES)->flags & CMD_BUILT);
     for (int answer : {0, 1}) {
         gAnswer = answer;
         gTable = nullptr;
         int before = HeadlessWindow().refreshes;
-        EXPECT_EQ(CommandDispatch(nullptr, 171), 1);
+        EXPECT_EQ(CommandDispatch(nullptr, IDM_OPT_AXES), 1);
         EXPECT_EQ(gTable, &gPlotOptionsTable);
         EXPECT_EQ(gCaption, "Axes");
         EXPECT_EQ(HeadlessWindow().refreshes, before + 1) << "answer " << answer;
@@ -55,7 +56,7 @@ TEST_F(AxesCommand, OkWithoutTheDialogShownKeepsFontAndPens) {
     gAnswer = 1;
     gPlotOptions.captionFont.height = 17;
     gPlotOptions.gridPen.width = 5;
-    CommandDispatch(nullptr, 171);
+    CommandDispatch(nullptr, IDM_OPT_AXES);
     EXPECT_EQ(gPlotOptions.captionFont.height, 17u);
     EXPECT_EQ(gPlotOptions.gridPen.width, 5);
 }

@@ -1,3 +1,4 @@
+#include "ui/command_ids.h"
 #include "commands_fixture.h"
 
 #include "common/test_support.h"
@@ -14,14 +15,14 @@ const char kUnsaved[] = "You have unsaved data!\nWould you like to save them now
 
 TEST_F(Commands, ExitAsksWhenUnsavedAndCancelKeepsTheWindow) {
     HeadlessScriptAnswer(IDCANCEL);
-    EXPECT_EQ(CommandDispatch(nullptr, 125), 1);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_EXIT), 1);
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessBoxes()[0].caption, "Vantrel");
     EXPECT_EQ(HeadlessBoxes()[0].text, kUnsaved);
     EXPECT_EQ(HeadlessBoxes()[0].flags & MB_TYPEMASK, unsigned(MB_YESNOCANCEL));
     EXPECT_EQ(HeadlessWindow().destroyed, 0);
     HeadlessScriptAnswer(IDNO);
-    CommandDispatch(nullptr, 125);
+    CommandDispatch(nullptr, IDM_EXIT);
     EXPECT_EQ(HeadlessWindow().destroyed, 1);
 }
 
@@ -29,20 +30,20 @@ TEST_F(Commands, SaveThenExitDoesNotAskButAddMakesItAskAgain) {
     TempDir dir;
     Fill(2, 5);
     HeadlessScriptDialog(1, dir.File("run.dat"));
-    EXPECT_EQ(CommandDispatch(nullptr, 271), 1);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_SAVE), 1);
     EXPECT_EQ(fDataSaved, 1);
     EXPECT_FALSE(ReadWholeFile(dir.File("run.dat")).empty());
 
-    CommandDispatch(nullptr, 125);
+    CommandDispatch(nullptr, IDM_EXIT);
     EXPECT_TRUE(HeadlessBoxes().empty());
     EXPECT_EQ(HeadlessWindow().destroyed, 1);
 
     HeadlessScriptDialog(1, dir.File("run.dat"));
-    CommandDispatch(nullptr, 198);
+    CommandDispatch(nullptr, IDM_ADD);
     EXPECT_EQ(gCurves.count, 4u);
     EXPECT_EQ(fDataSaved, 0);
     HeadlessScriptAnswer(IDCANCEL);
-    CommandDispatch(nullptr, 125);
+    CommandDispatch(nullptr, IDM_EXIT);
     EXPECT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessWindow().destroyed, 1);
 }
@@ -51,7 +52,7 @@ TEST_F(Commands, YesSavesThroughSaveAsAndItsCancelKeepsTheWindow) {
     Fill(1, 3);
     HeadlessScriptAnswer(IDYES);
     HeadlessScriptDialog(0); // the Save As dialog is cancelled
-    CommandDispatch(nullptr, 125);
+    CommandDispatch(nullptr, IDM_EXIT);
     EXPECT_EQ(HeadlessWindow().destroyed, 0);
     EXPECT_EQ(fDataSaved, 0);
 }
@@ -64,7 +65,7 @@ TEST_F(Commands, OpenReplacesAndMarksSaved) {
     Fill(1, 2);
     fDataSaved = 1;
     HeadlessScriptDialog(1, dir.File("a.dat"));
-    EXPECT_EQ(CommandDispatch(nullptr, 197), 1);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_OPEN), 1);
     EXPECT_EQ(gCurves.count, 3u);
     EXPECT_EQ(fDataSaved, 1);
     EXPECT_EQ(std::string(gWindowTitle), "Vantrel -- " + dir.File("a.dat"));
@@ -73,13 +74,13 @@ TEST_F(Commands, OpenReplacesAndMarksSaved) {
 
 TEST_F(Commands, UndoTwiceRestoresWhatTheFirstRemoved) {
     Fill(2, 3);
-    CommandDispatch(nullptr, 191); // Clear Screen
+    CommandDispatch(nullptr, IDM_CLEAR_SCREEN); // Clear Screen
     EXPECT_EQ(gCurves.count, 0u);
-    CommandDispatch(nullptr, 187);
+    CommandDispatch(nullptr, IDM_UNDO);
     EXPECT_EQ(gCurves.count, 2u);
-    CommandDispatch(nullptr, 187);
+    CommandDispatch(nullptr, IDM_UNDO);
     EXPECT_EQ(gCurves.count, 0u);
-    CommandDispatch(nullptr, 187);
+    CommandDispatch(nullptr, IDM_UNDO);
     EXPECT_EQ(gCurves.count, 2u);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(1).GetPoint(2).y, 2.0f);
 }
@@ -89,10 +90,10 @@ TEST_F(Commands, ClearScreenSwapAndUndoKeepTheSavedState) {
         Fill(1, 3);
         fDataSaved = saved;
         gViewScale.scaleAuto = 0;
-        CommandDispatch(nullptr, 191);
+        CommandDispatch(nullptr, IDM_CLEAR_SCREEN);
         EXPECT_EQ(gViewScale.scaleAuto, 1);
-        CommandDispatch(nullptr, 187);
-        CommandDispatch(nullptr, 144);
+        CommandDispatch(nullptr, IDM_UNDO);
+        CommandDispatch(nullptr, IDM_SWAP_XY);
         EXPECT_EQ(fDataSaved, saved);
     }
     EXPECT_GE(HeadlessWindow().refreshes, 6);
@@ -104,18 +105,18 @@ TEST_F(Commands, SwapExchangesTheViewOnlyWhenNotAutomatic) {
     gViewScale.scaleAuto = 0;
     gViewScale.xMax = 5;
     gViewScale.yMax = 7;
-    CommandDispatch(nullptr, 144);
+    CommandDispatch(nullptr, IDM_SWAP_XY);
     EXPECT_EQ(gViewScale.xMax, 7);
     EXPECT_EQ(gViewScale.yMax, 5);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(2).x, 0.0f);
     gViewScale.scaleAuto = 1;
-    CommandDispatch(nullptr, 144);
+    CommandDispatch(nullptr, IDM_SWAP_XY);
     EXPECT_EQ(gViewScale.xMax, 7);
 }
 
 TEST_F(Commands, FirstAndLastPointChangePlaces) {
     Fill(1, 4);
-    CommandDispatch(nullptr, 156);
+    CommandDispatch(nullptr, IDM_REVERSE_POINTS);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(0).x, 3.0f);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(3).x, 0.0f);
     EXPECT_EQ(fDataSaved, 0);
@@ -125,7 +126,7 @@ TEST_F(Commands, DerivativeClearsTheSavedStateAndReportsShortCurves) {
     Fill(2, 4);
     gCurves.GetCurve(0).Resize(1);
     fDataSaved = 1;
-    CommandDispatch(nullptr, 253);
+    CommandDispatch(nullptr, IDM_DYDX_X);
     EXPECT_EQ(fDataSaved, 0);
     EXPECT_EQ(gCurves.count, 1u);
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
@@ -136,10 +137,10 @@ TEST_F(Commands, DerivativeClearsTheSavedStateAndReportsShortCurves) {
 TEST_F(Commands, DeSelectOnlyInsideASelection) {
     Fill(2, 2);
     gCurves.MarkAll();
-    CommandDispatch(nullptr, 234);
+    CommandDispatch(nullptr, IDM_DESELECT);
     EXPECT_EQ(gCurves.CountMarked(), 2u);
     SetSelectionState(2);
-    CommandDispatch(nullptr, 234);
+    CommandDispatch(nullptr, IDM_DESELECT);
     EXPECT_EQ(gSelectionState, 0);
     EXPECT_EQ(gCurves.CountMarked(), 0u);
     EXPECT_TRUE(RefuseInSelection(nullptr) == false);
@@ -166,7 +167,7 @@ TEST_F(Commands, DroppedFilesFirstReplacesThenAddsAndCancelOpensNothing) {
 }
 
 TEST_F(Commands, HelpShowsTheOutOfDateWarning) {
-    CommandDispatch(nullptr, 196);
+    CommandDispatch(nullptr, IDM_HELP_SEARCH);
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessBoxes()[0].caption, "Warning");
     EXPECT_EQ(HeadlessBoxes()[0].text.rfind("The help file is out-of-date.", 0), 0u);
@@ -175,17 +176,17 @@ TEST_F(Commands, HelpShowsTheOutOfDateWarning) {
 TEST_F(Commands, OptionsCommandsGoThroughTheSetupDialog) {
     uint32_t old = InteractionTime;
     HeadlessScriptDialog(0);
-    EXPECT_EQ(CommandDispatch(nullptr, 172), 1);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_OPT_DELAY), 1);
     EXPECT_EQ(InteractionTime, old);
     int before = HeadlessWindow().refreshes;
-    CommandDispatch(nullptr, 264); // General repaints afterwards
+    CommandDispatch(nullptr, IDM_OPT_GENERAL); // General repaints afterwards
     EXPECT_EQ(HeadlessWindow().refreshes, before + 1);
 }
 
 TEST_F(Commands, StyleGoesToTheFirstMarkedCurve) {
     Fill(3, 2);
     gCurves.GetCurve(2).Mark();
-    CommandDispatch(nullptr, 229);
+    CommandDispatch(nullptr, IDM_CTX_STYLE);
     EXPECT_EQ(HeadlessWindow().lastStyleSlot, 2);
 }
 
@@ -230,7 +231,7 @@ namespace {
 TEST_F(Commands, CalibrationCurveWithNoTableKeepsTheFamily) {
     Fill(2, 3);
     fDataSaved = 1;
-    CommandDispatch(nullptr, 263);
+    CommandDispatch(nullptr, IDM_SHOW_CALIBRATION_CURVE);
     EXPECT_EQ(gCurves.count, 2u);
     EXPECT_FALSE(HeadlessBoxes().empty());
     EXPECT_EQ(fDataSaved, 0);

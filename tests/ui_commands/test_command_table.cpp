@@ -1,3 +1,4 @@
+#include "ui/command_ids.h"
 #include "commands_fixture.h"
 
 #include <set>
@@ -46,40 +47,40 @@ TEST(CommandTable, NumbersAreUniqueAndMenusKnown) {
 }
 
 TEST_F(Commands, MenuStatesFollowTheSelection) {
-    EXPECT_FALSE(IsCommandEnabled(234));
-    EXPECT_TRUE(IsCommandEnabled(236));
-    EXPECT_TRUE(IsCommandEnabled(253));
-    EXPECT_TRUE(IsCommandEnabled(144));
+    EXPECT_FALSE(IsCommandEnabled(IDM_DESELECT));
+    EXPECT_TRUE(IsCommandEnabled(IDM_RESELECT));
+    EXPECT_TRUE(IsCommandEnabled(IDM_DYDX_X));
+    EXPECT_TRUE(IsCommandEnabled(IDM_SWAP_XY));
     SetSelectionState(2);
-    EXPECT_TRUE(IsCommandEnabled(234));
-    EXPECT_FALSE(IsCommandEnabled(236));
-    EXPECT_FALSE(IsCommandEnabled(253));
-    EXPECT_FALSE(IsCommandEnabled(144));
-    EXPECT_TRUE(IsCommandEnabled(197));
+    EXPECT_TRUE(IsCommandEnabled(IDM_DESELECT));
+    EXPECT_FALSE(IsCommandEnabled(IDM_RESELECT));
+    EXPECT_FALSE(IsCommandEnabled(IDM_DYDX_X));
+    EXPECT_FALSE(IsCommandEnabled(IDM_SWAP_XY));
+    EXPECT_TRUE(IsCommandEnabled(IDM_OPEN));
     // The rubber band leaves the menu as it was.
     SetSelectionState(1);
-    EXPECT_TRUE(IsCommandEnabled(234));
+    EXPECT_TRUE(IsCommandEnabled(IDM_DESELECT));
     SetSelectionState(0);
-    EXPECT_FALSE(IsCommandEnabled(234));
+    EXPECT_FALSE(IsCommandEnabled(IDM_DESELECT));
 }
 
 TEST_F(Commands, NotHandledAndNotBuiltStayDisabledAndDoNothing) {
     for (int n : {188, 200, 269, 130, 151})
         EXPECT_FALSE(IsCommandEnabled(n)) << n;
     Fill(1, 3);
-    EXPECT_EQ(CommandDispatch(nullptr, 200), 0);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_DXB_DXF), 0);
     EXPECT_EQ(CommandDispatch(nullptr, 9999), 0);
     EXPECT_EQ(gCurves.count, 1u);
     EXPECT_TRUE(HeadlessBoxes().empty());
 }
 
 TEST_F(Commands, UndoStartsDisabledAndFollowsTheFirstSnapshot) {
-    EXPECT_FALSE(IsCommandEnabled(187));
+    EXPECT_FALSE(IsCommandEnabled(IDM_UNDO));
     SaveUndo(); // empty family: no snapshot
-    EXPECT_FALSE(IsCommandEnabled(187));
+    EXPECT_FALSE(IsCommandEnabled(IDM_UNDO));
     Fill(2, 4);
     SaveUndo();
-    EXPECT_TRUE(IsCommandEnabled(187));
+    EXPECT_TRUE(IsCommandEnabled(IDM_UNDO));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "ui/command_ids.h"
 #include "commands_fixture.h"
 
 #include "common/test_support.h"
@@ -101,7 +102,7 @@ TEST_F(Startup, FilesOnTheCommandLineAreOpenedInsteadOfAbout) {
     seen = &posted;
     StartupFinish(nullptr, [](void*, int command) { *seen = command; });
     EXPECT_EQ(posted, 266);
-    CommandDispatch(nullptr, 266);
+    CommandDispatch(nullptr, IDM_OPEN_COMMAND_LINE_FILES);
     EXPECT_EQ(gCurves.count, 4u);
     EXPECT_EQ(fDataSaved, 1);
     EXPECT_EQ(HeadlessWindow().abouts, 0);
@@ -116,11 +117,11 @@ TEST_F(Startup, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
     WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
     uint32_t old = InteractionTime;
     HeadlessScriptDialog(1, dir.File("other.ini"));
-    CommandDispatch(nullptr, 201);
+    CommandDispatch(nullptr, IDM_LOAD_OPTIONS);
     EXPECT_EQ(std::string(gIniFileName), dir.File("other.ini"));
     EXPECT_EQ(InteractionTime, 321u);
     InteractionTime = 654;
-    CommandDispatch(nullptr, 202);
+    CommandDispatch(nullptr, IDM_SAVE_OPTIONS);
     EXPECT_NE(ReadWholeFile(dir.File("other.ini")).find("InteractionTime=654"), std::string::npos);
     InteractionTime = old;
 }

@@ -63,10 +63,25 @@ i16 NoneErrorHandler(i16, const char*, i16) {
 
 // No cards at all: detection over it ends in the start-up messages, never in invented cards.
 const DaqDriver kNoneDriver = {
-    "none",       NoneVersion,         NoneDeviceInfo,  NoneChassisInfo,   NoneModuleId,
-    NoneAiVScale, NoneDaqVScale,       NoneAiRead,      NoneDaqOp,         NoneScanOp,
-    NoneAoVScale, NoneAoWrite,         NoneScxiAoWrite, NoneTimeoutConfig, NoneWfmOp,
-    NoneWfmScale, NoneWfmGroupControl, NoneWfmCheck,    NoneErrorHandler,
+    .name = "none",
+    .Get_NI_DAQ_Version = NoneVersion,
+    .Get_DAQ_Device_Info = NoneDeviceInfo,
+    .SCXI_Get_Chassis_Info = NoneChassisInfo,
+    .SCXI_Get_Module_Id = NoneModuleId,
+    .AI_VScale = NoneAiVScale,
+    .DAQ_VScale = NoneDaqVScale,
+    .AI_Read = NoneAiRead,
+    .DAQ_Op = NoneDaqOp,
+    .SCAN_Op = NoneScanOp,
+    .AO_VScale = NoneAoVScale,
+    .AO_Write = NoneAoWrite,
+    .SCXI_AO_Write = NoneScxiAoWrite,
+    .Timeout_Config = NoneTimeoutConfig,
+    .WFM_Op = NoneWfmOp,
+    .WFM_Scale = NoneWfmScale,
+    .WFM_Group_Control = NoneWfmGroupControl,
+    .WFM_Check = NoneWfmCheck,
+    .ErrorHandler = NoneErrorHandler,
 };
 
 // Atomic so that a measurement thread reading it is clean under the thread sanitizer.
