@@ -1,5 +1,6 @@
 #include "files/data_file_options.h"
 
+#include "measure/measure_run.h"
 #include "settings/profile.h"
 #include "platform/host.h"
 #include "support/bounded_text.h"
@@ -42,7 +43,7 @@ namespace {
 const char kSection[] = "DataFile";
 
 // Rows in the order of the "Data File Options" layout; the group flags follow, two a group.
-constexpr unsigned kFixedRows = 6;
+constexpr unsigned kFixedRows = 7;
 SetupRow gDataFileRows[kFixedRows + 2 * kDataFileGroupCount];
 
 SetupRow* BuildRows() {
@@ -55,6 +56,8 @@ SetupRow* BuildRows() {
     *r++ = SetupUIntRow(IDC_COLUMN_WIDTH, &gColumnWidth, kSection, "ColumnWidth", kMinColumnWidth,
                         kMaxColumnWidth);
     *r++ = SetupCheckRow(IDC_SORT_CURVES, &fSortCurves, kSection, "sort");
+    *r++ = SetupTextRow(IDC_MEASUREMENT_COMMENT, gMeasureComment, sizeof gMeasureComment, kSection,
+                        "MeasurementComment");
     *r++ = SetupTextRow(IDC_AUTO_DATA_FOLDER, gAutoDataFolder, sizeof gAutoDataFolder, kSection,
                         "AutoDataFolder");
     int id = IDC_FIRST_GROUP_FLAG;
@@ -75,6 +78,7 @@ SetupText gDataFileTexts[kFixedRows + 2 * kDataFileGroupCount] = {
     {IDC_COLUMN_WIDTH, SETUP_TEXT_LABEL, "Column &width (characters)"},
     {IDC_SORT_CURVES, SETUP_TEXT_LABEL, "S&ort curves, longest first, before saving"},
     {IDC_AUTO_DATA_FOLDER, SETUP_TEXT_LABEL, "&Folder of the automatic data file"},
+    {IDC_MEASUREMENT_COMMENT, SETUP_TEXT_LABEL, "Co&mment of every new measurement"},
 };
 
 const SetupText* BuildTexts() {
@@ -180,6 +184,7 @@ void ResetDataFileOptions() {
     gColumnWidth = 12;
     fSortCurves = 1;
     gAutoDataFolder[0] = '\0';
+    gMeasureComment[0] = '\0';
     for (DataFileGroup& g : gDataFileGroups)
         g.fSaveKey = g.fLoadKey = 0;
 }

@@ -80,6 +80,7 @@ enum : int {
     IDC_COLUMN_WIDTH,
     IDC_SORT_CURVES,
     IDC_AUTO_DATA_FOLDER,
+    IDC_MEASUREMENT_COMMENT,
     IDC_FIRST_GROUP_FLAG = 1600, // then the Save and the Load key of each group in turn
 };
 

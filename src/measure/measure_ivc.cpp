@@ -64,6 +64,8 @@ int MeasureIVC(void* dlg) {
 
     std::uint32_t start;
     TimerStart(&start);
+    // A new family: no curve, mark or tag of the one before is carried into the run.
+    gCurves.Clear();
     gCurves.SetCurveCount(static_cast<unsigned>(m));
     NameCurvesAfterVoltages();
 

@@ -25,15 +25,24 @@ void IVC_xAxis(void*, void* dlg) {
 } // namespace
 
 const MeasureParams gMeasureParams[] = {
-    {MeasureIVC, 0, "IVC", &IVC_Range, nullptr, IVC_Options, IVC_xAxis, nullptr,
-     LayoutSingleSweepWithXAxis},
-    {MeasureKep, 0, "Kep", &Field_Range, nullptr, nullptr, nullptr, nullptr, LayoutPlain},
-    {nullptr, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, LayoutPlain},
+    {.threadFunction = MeasureIVC,
+     .title = "IVC",
+     .primary = &IVC_Range,
+     .optionsHandler = IVC_Options,
+     .xAxisHandler = IVC_xAxis,
+     .layout = LayoutSingleSweepWithXAxis},
+    {.threadFunction = MeasureKep, .title = "Kep", .primary = &Field_Range, .layout = LayoutPlain},
+    {.title = nullptr},
 };
+
+char gMeasureComment[512] = "";
 
 void SetMeasuredFamilyTexts(const char* title, const char* xUnits, const char* yUnits,
                             std::uint32_t elapsedMs) {
     gCurves.timeSpent = static_cast<float>(elapsedMs / 1000.0);
     gCurves.date = static_cast<std::int32_t>(std::time(nullptr));
     gCurves.SetHeader(title, xUnits, yUnits, gUserName);
+    // The comment is set with the other texts, so that no comment of an earlier family (a file
+    // that was open, say) stays on a new measurement.
+    gCurves.SetComment(gMeasureComment);
 }

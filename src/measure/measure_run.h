@@ -60,7 +60,10 @@ void ShowVoltageValue(void* dlg, int voltage, double volts, unsigned bits, const
 void FormatProgress(char* out, unsigned size, std::uint32_t elapsedMs, std::uint32_t done,
                     std::uint32_t total, int* percent);
 
+// The comment every measurement gives its family, edited in the Data File Options (key
+// "MeasurementComment" of section "DataFile"). Written by the interface thread only.
+extern char gMeasureComment[512];
 // The family texts and times of the common epilogue: duration, time stamp, title, units,
-// user name and the comment of the data file options.
+// user name and gMeasureComment.
 void SetMeasuredFamilyTexts(const char* title, const char* xUnits, const char* yUnits,
                             std::uint32_t elapsedMs);

@@ -271,3 +271,25 @@ TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
     EXPECT_GE(points, 5u);
     EXPECT_LT(points, 1024u);
 }
+
+TEST_F(MeasureIvcTest, StartsFromAClearedFamilyAndGivesItTheMeasurementComment) {
+    gCurves.SetCurveCount(4);
+    for (unsigned c = 0; c < 4; ++c) {
+        gCurves.GetCurve(c).Mark();
+        gCurves.GetCurve(c).tag = 7;
+    }
+    gCurves.SetComment("comment of the file that was open");
+    BoundedCopy(gMeasureComment, "sample B7, second cool-down");
+    MeasureWorkingRange1.from = 32768;
+    MeasureWorkingRange1.to = 32768 + 640;
+    MeasureWorkingRange1.step = 64;
+    ASSERT_EQ(Run(), 1);
+    gMeasureComment[0] = '\0';
+    ASSERT_EQ(gCurves.count, 3u);
+    for (unsigned c = 0; c < gCurves.count; ++c) {
+        EXPECT_FALSE(gCurves.GetCurve(c).IsMarked()) << c;
+        EXPECT_EQ(gCurves.GetCurve(c).tag, 0u) << c;
+    }
+    EXPECT_STREQ(gCurves.comment, "sample B7, second cool-down");
+    EXPECT_EQ(gUndoCurves.count, 4u); // the old family is the undo copy
+}
