@@ -11,15 +11,11 @@
 #include "ui/main_state.h"
 
 #include <cstdio>
-#include <cstring>
 
 bool SelectDriverFromCommandLine() {
     char name[64];
     SwitchString("daq:", "sim", name, sizeof name);
     if (SelectDaqDriver(name)) return true;
-    // Without the simulated instrument the program still starts, and tells that no card is
-    // there: it never invents cards.
-    if (std::strcmp(name, "sim") == 0) return SelectDaqDriver("none");
     std::fprintf(stderr, "vantrel: no driver '%s' (drivers: %s)\n", name, DaqDriverNames());
     return false;
 }

@@ -10,8 +10,8 @@ enum : int {
     STARTUP_NO_DRIVER = 3, // -daq: named a driver this program does not have
 };
 
-// Selects the driver of -daq: (default "sim"; "none" when the simulated instrument is not
-// built in) and hands -simdaq: to it. False for an unknown name, after a line on stderr.
+// Selects the driver of -daq: (default "sim", the simulated instrument, which every build
+// has). False for an unknown name, after a line on stderr that lists the drivers there are.
 bool SelectDriverFromCommandLine();
 
 // The creation event of the main window, on a parsed command line: user name, DetectCards and
