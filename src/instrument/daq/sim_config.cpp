@@ -327,10 +327,6 @@ void ReadJunction(const Reader& r, const char* section, SimJunctionConfig& j) {
 
 } // namespace
 
-const char* SimSignalName(int signal) {
-    return signal >= 0 && signal < kSigCount ? kSignalNames[signal] : "";
-}
-
 SimConfig DefaultSimConfig() {
     SimConfig c;
     c.cards = {DefaultMultifunctionCard(), DefaultOutputCard()};

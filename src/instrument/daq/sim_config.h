@@ -111,5 +111,3 @@ const SimConfig& SimDaqConfig();
 void ReadSimConfig(const char* fileName, SimConfig& config);
 // The built-in rack, wiring and sample.
 SimConfig DefaultSimConfig();
-// Names of the signals as the file spells them: "J1", "J2", "Array", ...
-const char* SimSignalName(int signal);
