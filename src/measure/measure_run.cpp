@@ -50,6 +50,10 @@ bool StartMeasurement(void* dlg, const MeasureParams& params) {
         MeasureDialog().EndDialog(dlg, 0);
         return false;
     }
+    return StartMeasurementThread(dlg, params);
+}
+
+bool StartMeasurementThread(void* dlg, const MeasureParams& params) {
     gPaintedCurves = &gUndoCurves;
     std::lock_guard<std::mutex> hold(gThreadLock);
     if (gThread.joinable()) gThread.join(); // the previous run has ended its dialog already

@@ -38,6 +38,9 @@ extern std::atomic<int> fAbortRequested;
 // start (SaveUndo declined or the thread could not be made); the dialog has then been ended
 // with 0.
 bool StartMeasurement(void* dlg, const MeasureParams& params);
+// What follows SaveUndo in StartMeasurement, for a dialog that has taken the undo copy itself
+// (and repeated AutoZero after it): paint the undo family, start the thread.
+bool StartMeasurementThread(void* dlg, const MeasureParams& params);
 // True from StartMeasurement until the thread function has returned.
 bool IsMeasurementRunning();
 // Waits for the measurement thread to finish and returns the thread function's result.
