@@ -18,7 +18,7 @@ i64* MarkOf(i64* mark) {
 } // namespace
 
 i64 PerfCountFrequency() {
-    return 1000000000;
+    return 1000 * kCounterTicksPerMs;
 }
 
 bool PerfCount_Start(i64* mark) {

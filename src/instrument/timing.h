@@ -1,6 +1,8 @@
 // The millisecond clock: brackets that hold the timer at its finest resolution while they are
 // open, and waits that sleep for the bulk and spin for the last SleepReserve ms. A null mark
-// means the one global mark.
+// means the one global mark. Marks hold whole ms, but TimerStart also keeps the fine start of
+// each mark it sets, so that waits and TimerIsDue count exactly from it and never end early;
+// a mark set by hand counts from the end of its millisecond.
 #pragma once
 #include <cstdint>
 

@@ -9,44 +9,30 @@
 
 namespace {
 
-// Hand-driven time: each reading returns now and then moves it on by step.
-u32 gNow = 0;
-u32 gStep = 1;
+constexpr i64 kMs = 1000000;
+
+// Hand-driven time in ns for both clocks: a reading returns now, then adds the step.
+i64 gNs = 0, gStep = 0, gLast = 0;
 std::vector<u32> gSleeps;
-int gBegins = 0;
-int gEnds = 0;
+int gBegins = 0, gEnds = 0;
 bool gCounterWorks = true;
-i64 gTicks = 0;
 
-u32 FakeMilliseconds() {
-    u32 now = gNow;
-    gNow += gStep;
-    return now;
-}
-void FakeSleep(u32 ms) {
-    gSleeps.push_back(ms);
-    gNow += ms;
-}
-bool FakeBegin() {
-    ++gBegins;
-    return true;
-}
-void FakeEnd() {
-    ++gEnds;
-}
-bool FakeCounter(i64* ticks) {
-    *ticks = gTicks;
-    gTicks += 100;
-    return gCounterWorks;
+i64 Read() {
+    return gLast = gNs, gNs += gStep, gLast;
 }
 
-const TimingClock kFakeClock = {FakeMilliseconds, FakeSleep, FakeBegin, FakeEnd, FakeCounter};
+const TimingClock kFakeClock = {
+    [] { return static_cast<u32>(Read() / kMs); },
+    [](u32 ms) { gSleeps.push_back(ms), gNs += ms * kMs; },
+    [] { return ++gBegins > 0; },
+    [] { ++gEnds; },
+    [](i64* ticks) { return *ticks = Read(), gCounterWorks; },
+};
 
 class Timing : public ::testing::Test {
   protected:
     void SetUp() override {
-        gNow = 1000, gStep = 1, gSleeps.clear(), gBegins = gEnds = 0;
-        gCounterWorks = true, gTicks = 0;
+        gCounterWorks = true, gStep = 0, gBegins = gEnds = 0;
         SetTimingClock(&kFakeClock);
     }
     void TearDown() override {
@@ -55,130 +41,139 @@ class Timing : public ::testing::Test {
     }
 };
 
-TEST_F(Timing, TenMillisecondsOnlySpin) {
-    u32 mark = gNow;
-    TimerWait(&mark, 10);
-    EXPECT_TRUE(gSleeps.empty());
-    EXPECT_GE(gNow - mark, 10u);
+// The ways a wait can run: a mark of its own, the global mark, Delay, a ScopedTimer.
+enum Way { kOwnMark, kGlobalMark, kDelay, kScoped };
+
+TEST_F(Timing, WaitsFromAnyPhaseEndAtTheAskedTimeAndNotBefore) {
+    struct Row {
+        i64 start; // ns
+        u32 ms;
+        std::vector<u32> sleeps;
+    } rows[] = {
+        {1000 * kMs, 1, {}},
+        {1000 * kMs + 999999, 1, {}},
+        {1000 * kMs + 300000, 5, {}},
+        {1000 * kMs + 999000, 10, {}},
+        {1000 * kMs + 500000, 11, {1}},
+        {0xFFFFFFF0 * kMs + 700000, 40, {30}}, // across the wrap of the ms clock
+    };
+    for (const Row& row : rows) {
+        for (Way way : {kOwnMark, kGlobalMark, kDelay, kScoped}) {
+            SCOPED_TRACE(testing::Message() << row.start << " ns, " << row.ms << " ms, " << way);
+            gNs = row.start, gStep = 1000, gSleeps.clear();
+            u32 mark = 0, *m = way == kOwnMark ? &mark : nullptr;
+            if (way == kDelay) Delay(row.ms);
+            if (way == kScoped) ScopedTimer(true).Wait(row.ms);
+            if (way < kDelay) TimerStart(m), TimerWaitAndStop(m, row.ms);
+            EXPECT_GE(gLast - row.start, row.ms * kMs);
+            EXPECT_LT(gLast - row.start, row.ms * kMs + gStep);
+            EXPECT_EQ(gSleeps, row.sleeps);
+        }
+    }
 }
 
-TEST_F(Timing, ElevenMillisecondsSleepOneThenSpin) {
-    u32 mark = gNow;
-    TimerWait(&mark, 11);
-    EXPECT_EQ(gSleeps, std::vector<u32>{1});
-    EXPECT_GE(gNow - mark, 11u);
+TEST_F(Timing, DueAndElapsedCountFromTheFineStart) {
+    // A mark set by hand has no known phase: it counts from the end of its millisecond.
+    struct Row {
+        i64 start, passed; // ns
+        u32 ms, elapsed, elapsedByHand;
+    } rows[] = {
+        {1000 * kMs + 900000, 200000, 1, 0, 0},
+        {1000 * kMs + 900000, kMs - 1, 1, 0, 0},
+        {1000 * kMs + 900000, kMs, 1, 1, 0},
+        {1000 * kMs, 5 * kMs - 1, 5, 4, 3},
+        {1000 * kMs + 500000, 5 * kMs, 5, 5, 4},
+        {1000 * kMs + 500000, 5 * kMs + 600000, 5, 5, 5},
+        {0xFFFFFFF0 * kMs + 500000, 0x20 * kMs, 0x20, 0x20, 0x1F},
+        {0xFFFFFFF0 * kMs + 500000, 0x20 * kMs, 0x21, 0x20, 0x1F},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.start << " + " << row.passed << " ns");
+        u32 mark = 0, byHand = 0;
+        gNs = row.start - 7 * kMs; // a record of an earlier start must not count for a mark
+        TimerStart(&byHand);       // set by hand afterwards
+        gNs = row.start;
+        byHand = static_cast<u32>(row.start / kMs);
+        TimerStart(&mark);
+        TimerStart();
+        ScopedTimer scoped;
+        gNs = row.start + row.passed;
+        for (u32* m : {&mark, static_cast<u32*>(nullptr)}) {
+            EXPECT_EQ(TimerElapsed(m), row.elapsed);
+            EXPECT_EQ(TimerIsDue(m, row.ms), row.elapsed >= row.ms);
+        }
+        EXPECT_EQ(scoped.Elapsed(), row.elapsed);
+        EXPECT_EQ(scoped.IsDue(row.ms), row.elapsed >= row.ms);
+        EXPECT_EQ(TimerElapsed(&byHand), row.elapsedByHand);
+        EXPECT_EQ(TimerIsDue(&byHand, row.ms), row.elapsedByHand >= row.ms);
+        TimerStop(), TimerStop(), TimerStop();
+    }
+    // A mark already far past returns at once, on a single reading.
+    u32 past = static_cast<u32>(gNs / kMs) - 50;
+    gStep = 1;
+    TimerWait(&past, 10);
+    EXPECT_EQ(gNs, gLast + 1);
 }
 
-TEST_F(Timing, PastMarkReturnsAtOnce) {
-    u32 mark = gNow - 50;
-    TimerWait(&mark, 10);
-    EXPECT_EQ(gNow, 1001u);
-}
-
-TEST_F(Timing, WaitAcrossTheWrap) {
-    gNow = 0xFFFFFFF0u;
-    u32 mark = gNow;
-    TimerWait(&mark, 40);
-    EXPECT_EQ(gSleeps, std::vector<u32>{30});
-    EXPECT_GE(gNow, 40u - 16u);
-    EXPECT_LT(gNow, 100u);
-}
-
-TEST_F(Timing, DueAndElapsedSubtractFirst) {
-    gStep = 0;
-    u32 mark = 0xFFFFFFF0u;
-    gNow = 0x10;
-    EXPECT_EQ(TimerElapsed(&mark), 0x20u);
-    EXPECT_TRUE(TimerIsDue(&mark, 0x20));
-    EXPECT_FALSE(TimerIsDue(&mark, 0x21));
-}
-
-TEST_F(Timing, NestedBracketsRaiseTheResolutionOnce) {
-    TimerStart();
+TEST_F(Timing, BracketsNestStopAndRestart) {
     u32 inner = 0;
+    TimerStart();
     TimerStart(&inner);
     EXPECT_EQ(TimerNesting(), 2);
     TimerStop();
     EXPECT_EQ(gEnds, 0);
     TimerStop();
-    EXPECT_EQ(gBegins, 1);
-    EXPECT_EQ(gEnds, 1);
     Delay(0);
     EXPECT_EQ(gBegins, 1);
-    Delay(3);
-    EXPECT_EQ(gBegins, 2);
-    EXPECT_EQ(gEnds, 2);
-}
-
-TEST_F(Timing, StopVariantsCloseTheBracket) {
-    gStep = 0;
+    EXPECT_EQ(gEnds, 1);
     TimerStart();
-    gNow += 5;
+    gNs += 5 * kMs;
     EXPECT_FALSE(TimerIsDueStop(nullptr, 6));
     EXPECT_EQ(TimerNesting(), 1);
     EXPECT_TRUE(TimerIsDueStop(nullptr, 5));
     EXPECT_EQ(TimerNesting(), 0);
     TimerStart();
-    gNow += 7;
+    gNs += 7 * kMs;
     EXPECT_EQ(TimerElapsedStop(nullptr), 7u);
-    gStep = 1;
-    TimerStart();
-    TimerWaitAndStop(nullptr, 2);
-    EXPECT_EQ(TimerNesting(), 0);
-}
-
-TEST_F(Timing, NestingErrorsAreCaught) {
     AssertCapture capture;
     TimerStop();
-    EXPECT_EQ(capture.Count(), 1);
-    EXPECT_EQ(gEnds, 0);
-    for (int i = 0; i < 6; ++i)
-        TimerStart();
+    EXPECT_EQ(gEnds, 3);
+    for (int i = 0; i < 12; ++i)
+        i < 6 ? TimerStart() : TimerStop();
     EXPECT_EQ(capture.Count(), 2);
-    for (int i = 0; i < 6; ++i)
-        TimerStop();
-    EXPECT_EQ(gBegins, 1);
-    EXPECT_EQ(gEnds, 1);
-}
-
-TEST_F(Timing, ScopedTimerRestartKeepsTheResolution) {
+    EXPECT_EQ(gBegins, 4);
+    EXPECT_EQ(gEnds, 4);
     {
         ScopedTimer timer;
         timer.Restart();
         EXPECT_EQ(TimerNesting(), 1);
-        EXPECT_EQ(gEnds, 0);
+        EXPECT_EQ(gEnds, 4);
         timer.Stop();
         EXPECT_FALSE(timer.IsRunning());
-        AssertCapture capture;
         timer.Stop();
         timer.Wait(1);
         timer.IsDue(1);
         timer.Elapsed();
-        EXPECT_EQ(capture.Count(), 4);
+        EXPECT_EQ(capture.Count(), 6);
         timer.Restart();
     }
-    EXPECT_EQ(gBegins, 2);
-    EXPECT_EQ(gEnds, 2);
     ScopedTimer idle(false);
-    EXPECT_EQ(TimerNesting(), 0);
+    EXPECT_EQ(gBegins, 6);
+    EXPECT_EQ(gEnds, 6);
 }
 
-TEST_F(Timing, PerfCountSpinsToTheTicks) {
+TEST_F(Timing, PerfCountSpinsToTheTicksOfTheSystemTime) {
+    gNs = 0, gStep = 100;
     i64 mark = 0;
     EXPECT_TRUE(PerfCount_Start(&mark));
     EXPECT_TRUE(PerfCount_Wait(&mark, 1000));
-    EXPECT_GE(gTicks - mark, 1000);
+    EXPECT_EQ(gLast - mark, 1000);
     EXPECT_TRUE(PerfCount_IsIncBy(&mark, 1000));
     EXPECT_FALSE(PerfCount_IsIncBy(&mark, 100000));
-    mark = gTicks - (i64{1} << 32) - 5;
+    mark = gNs - (i64{1} << 32) - 5;
     EXPECT_EQ(PerfCount_HowManyTicksPassed(&mark), 5u);
-    EXPECT_TRUE(PerfCount_Start(nullptr));
-    EXPECT_TRUE(PerfCount_Wait(nullptr, 300));
-}
-
-TEST_F(Timing, FailingCounter) {
+    EXPECT_TRUE(PerfCount_Start(nullptr) && PerfCount_Wait(nullptr, 300));
     gCounterWorks = false;
-    i64 mark = 0;
     EXPECT_FALSE(PerfCount_Start(&mark));
     EXPECT_FALSE(PerfCount_Wait(&mark, 10));
     EXPECT_FALSE(PerfCount_Delay(10));
@@ -186,24 +181,23 @@ TEST_F(Timing, FailingCounter) {
     AssertCapture capture;
     PerfCount_IsIncBy(&mark, 1);
     PerfCount_HowManyTicksPassed(&mark);
-    ASSERT_EQ(capture.Count(), 2);
-    EXPECT_EQ(capture.Messages()[0],
-              "PerfCount_IsIncBy() is called while performance counter is not available");
-    EXPECT_EQ(capture.Messages()[1], "PerfCount_HowManyTicksPassed() is called while performance "
-                                     "counter is not available");
-}
-
-TEST(SystemTiming, DelayLastsAtLeastItsLength) {
+    EXPECT_EQ(capture.Messages(),
+              (std::vector<std::string>{
+                  "PerfCount_IsIncBy() is called while performance counter is not available",
+                  "PerfCount_HowManyTicksPassed() is called while performance counter is not "
+                  "available"}));
+    // Without the counter the waits fall back on the ms clock and still never end early.
+    gNs = 1000 * kMs + 999999, gStep = 1000;
+    Delay(2);
+    EXPECT_GE(gLast - (1000 * kMs + 999999), 2 * kMs);
+    // The system clocks read one time: the ms are the counter's ticks / 10^6.
     const TimingClock& clock = SystemTimingClock();
+    i64 ticks = 0;
     u32 before = clock.Milliseconds();
-    i64 ticksBefore = 0, ticksAfter = 0;
-    ASSERT_TRUE(clock.Counter(&ticksBefore));
-    Delay(3);
-    EXPECT_GE(clock.Milliseconds() - before, 3u);
-    ASSERT_TRUE(clock.Counter(&ticksAfter));
-    EXPECT_GE(ticksAfter - ticksBefore, 2000000);
-    EXPECT_TRUE(PerfCount_Delay(100000));
-    EXPECT_EQ(TimerNesting(), 0);
+    ASSERT_TRUE(clock.Counter(&ticks));
+    u32 after = clock.Milliseconds();
+    EXPECT_LE(static_cast<u32>(ticks / kMs) - before, after - before);
+    EXPECT_EQ(PerfCountFrequency(), 1000 * kMs);
 }
 
 } // namespace
