@@ -1,11 +1,12 @@
 # make run    install what is missing, build, start the program on the simulated instrument
 # make test   install, build with AddressSanitizer and UBSan, run every test
+# make tsan   build with ThreadSanitizer and run the tests of the measurement run and its windows
 # make bench  build optimised and run the benchmarks
 JOBS   ?= $(shell nproc)
 CMAKE  ?= cmake
 GEN    := -G Ninja
 
-.PHONY: all run test bench deps clean fuzz
+.PHONY: all run test tsan bench deps clean fuzz
 
 all: build/build.ninja
 	$(CMAKE) --build build -j $(JOBS)
@@ -33,6 +34,22 @@ test: build-test/build.ninja
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 
+# The programs whose tests start measurement threads, and one run of the command-line program.
+# Only these are built, so ctest skips the placeholders of the other test programs.
+TSAN_TESTS   := test_measure test_measure_panel test_gui_measure test_gui_main
+TSAN_OPTIONS := halt_on_error=1 second_deadlock_stack=1 suppressions=$(CURDIR)/tests/tsan.supp
+
+build-tsan/build.ninja: | deps
+	$(CMAKE) -S . -B build-tsan $(GEN) -DCMAKE_BUILD_TYPE=Debug -DVANTREL_TSAN=ON -DVANTREL_TESTS=ON
+
+tsan: build-tsan/build.ninja
+	$(CMAKE) --build build-tsan -j $(JOBS) --target vantrel-cli vantrel_data $(TSAN_TESTS)
+	cd build-tsan && TSAN_OPTIONS="$(TSAN_OPTIONS)" QT_QPA_PLATFORM=offscreen \
+	  ctest --output-on-failure -j $(JOBS) -E '_NOT_BUILT$$'
+	rm -rf build-tsan/cli-run && mkdir build-tsan/cli-run
+	cd build-tsan/app && TSAN_OPTIONS="$(TSAN_OPTIONS)" \
+	  ./vantrel-cli measure IVC -o:../cli-run/ivc.dat
+
 build-bench/build.ninja: | deps
 	$(CMAKE) -S . -B build-bench $(GEN) -DCMAKE_BUILD_TYPE=Release -DVANTREL_TESTS=OFF -DVANTREL_BENCH=ON
 
@@ -46,4 +63,4 @@ fuzz: | deps
 	$(CMAKE) --build build-fuzz -j $(JOBS)
 
 clean:
-	rm -rf build build-test build-bench build-fuzz
+	rm -rf build build-test build-tsan build-bench build-fuzz

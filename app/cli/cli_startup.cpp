@@ -39,7 +39,12 @@ int LoadSettingsWithOverrides() {
             std::ofstream out(copy, std::ios::binary | std::ios::trunc);
             out << in.rdbuf();
         }
-        WritePrivateProfileString(text, slash + 1, equals + 1, copy.c_str());
+        // Without its copy the run would go on with the built-in defaults.
+        if (!WritePrivateProfileString(text, slash + 1, equals + 1, copy.c_str())) {
+            std::fprintf(stderr, "vantrel-cli: can not write %s\n", copy.c_str());
+            std::remove(copy.c_str());
+            return 1;
+        }
     }
     LoadAllSettings(copy.empty() ? gIniFileName : copy.c_str());
     if (!copy.empty()) std::remove(copy.c_str());

@@ -17,8 +17,9 @@ const CliVerb gCliVerbs[] = {
      "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
      "pair"},
     {"settings", RunSettingsVerb,
-     "[-i:FILE] [-o:FILE] loads all settings (default vtl.ini beside the program) and writes "
-     "them to -o: or prints them"},
+     "[-i:FILE] [-o:FILE] [-daq:NAME] [-simdaq:PATH] [-set:Section/Key=value ...] detects the "
+     "cards, loads all settings (default vtl.ini beside the program) and writes them to -o: or "
+     "prints them"},
     {"read", RunReadVerb,
      "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
 #ifdef VANTREL_HAVE_GUI

@@ -81,19 +81,24 @@ int RunMeasureVerb(int, char**) {
                     gCurves.GetCurve(c).count);
     if (gCurves.count == 0) return 0;
 
+    // A pair that failed has shown its box; the name goes to standard error and the exit
+    // status tells the script.
+    int status = 0;
     char path[4096];
-    if (WriteAutomaticDataPair(title, gIniFileName, path, sizeof path) == DATA_PAIR_DONE)
+    if (WriteAutomaticDataPair(title, gIniFileName, path, sizeof path) == DATA_PAIR_DONE) {
         std::printf("data: %s\n", path);
-    else
-        std::fprintf(stderr, "vantrel-cli: the automatic data pair could not be written\n");
+    } else {
+        std::fprintf(stderr, "vantrel-cli: can not write %s\n", path);
+        status = 1;
+    }
     char out[4096];
     SwitchString("o:", "", out, sizeof out);
     if (out[0]) {
         if (WriteDataPairQuiet(out) != DATA_PAIR_DONE) {
-            std::fprintf(stderr, "vantrel-cli: can't write %s\n", out);
+            std::fprintf(stderr, "vantrel-cli: can not write %s\n", out);
             return 1;
         }
         std::printf("data: %s\n", out);
     }
-    return 0;
+    return status;
 }

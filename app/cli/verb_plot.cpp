@@ -65,7 +65,7 @@ int RunPlotVerb(int argc, char** argv) {
         std::fprintf(stderr, "vantrel-cli plot: %s has nothing to plot\n", in);
         return 1;
     }
-    if (!image.save(QString::fromLocal8Bit(out))) {
+    if (!image.save(PathToQt(out))) {
         std::fprintf(stderr, "vantrel-cli plot: can't write %s\n", out);
         return 1;
     }

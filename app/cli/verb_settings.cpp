@@ -1,8 +1,11 @@
 // vantrel-cli settings: loads every settings group from one file and writes them all to
 // another, or prints them. Shows what a settings file really holds after the program read it.
-#include "ui/settings_registry.h"
-#include "support/bounded_text.h"
+// The cards are detected first, as the program does before it reads its settings, so that the
+// channel validators check the wiring against real cards rather than reset it.
+#include "cli_startup.h"
+#include "cli_verbs.h"
 #include "support/cmdline.h"
+#include "ui/settings_registry.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -10,29 +13,12 @@
 #include <sstream>
 #include <unistd.h>
 
-namespace {
-
-std::string ProgramFolder() {
-    std::error_code error;
-    std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::string(".") : exe.parent_path().string();
-}
-
-} // namespace
-
-int RunSettingsVerb(int argc, char** argv) {
-    ParseArgv(argc, argv);
-    char input[4096];
+int RunSettingsVerb(int, char**) {
+    if (int status = CliStartInstrument(true)) return status;
     char output[4096];
-    std::string fallback = ProgramFolder() + "/vtl.ini";
-    SwitchString("i:", fallback.c_str(), input, sizeof input);
     SwitchString("o:", "", output, sizeof output);
-    BoundedCopy(gIniFileName, input);
-    LoadAllSettings(input);
-
     if (output[0]) {
-        SaveAllSettings(output);
-        if (!std::filesystem::exists(output)) {
+        if (!SaveAllSettings(output)) {
             std::fprintf(stderr, "vantrel-cli: can not write %s\n", output);
             return 1;
         }
@@ -49,7 +35,10 @@ int RunSettingsVerb(int argc, char** argv) {
     }
     close(fd);
     std::filesystem::remove(scratch);
-    SaveAllSettings(scratch.c_str());
+    if (!SaveAllSettings(scratch.c_str())) {
+        std::fprintf(stderr, "vantrel-cli: can not write %s\n", scratch.c_str());
+        return 1;
+    }
     std::ifstream in(scratch, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();

@@ -3,6 +3,7 @@
 #include "ui/settings_registry.h"
 #include "gui/main_window.h"
 #include "gui/measure_dialog.h"
+#include "gui/qt_text.h"
 #include "instrument/daq/sim_driver.h"
 #include "support/cmdline.h"
 #include "ui/memory_handler.h"
@@ -39,7 +40,7 @@ int main(int argc, char** argv) {
             QScreen* screen = window.screen();
             QPixmap shot = screen->grabWindow(window.winId());
             if (shot.isNull()) shot = window.grab();
-            shot.save(QString::fromLocal8Bit(grab));
+            shot.save(PathToQt(grab));
             window.closing = true;
             QApplication::quit();
         });

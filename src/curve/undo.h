@@ -2,11 +2,16 @@
 #pragma once
 #include "curve/curve_family.h"
 
+#include <atomic>
+
 extern CurveFamily gCurves;
 extern CurveFamily gUndoCurves;
-// &gCurves, except while a measurement writes gCurves: then &gUndoCurves.
-extern CurveFamily* gPaintedCurves;
-// The window enables its "Undo" item from this.
+// &gCurves, except while a measurement writes gCurves: then &gUndoCurves. Written by the
+// interface thread when a run starts and by the measurement thread when it ends; read by the
+// plot on the interface thread, which, seeing &gCurves again, also sees every point the run
+// wrote before.
+extern std::atomic<CurveFamily*> gPaintedCurves;
+// The window enables its "Undo" item from this: off until the first good snapshot, then on.
 extern int fUndoEnabled;
 
 // Copies gCurves into gUndoCurves before a command changes it; an empty gCurves leaves the undo

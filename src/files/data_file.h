@@ -8,8 +8,8 @@
 enum : int {
     DATA_PAIR_DONE = 0,
     DATA_PAIR_REFUSED = -1, // the user would not go on without the .ini
-    DATA_PAIR_NO_DAT = -3,  // the .dat could not be opened or created
-    DATA_PAIR_SHORT = -4,   // a read ended early, or the old .ini is read-only
+    DATA_PAIR_NO_DAT = -3,  // the .dat could not be opened, created or written whole
+    DATA_PAIR_SHORT = -4,   // a read ended early, or the old .ini is read-only or can't be written
 };
 
 extern char gLastDataFolder[260];
@@ -40,6 +40,7 @@ int OpenDataFile(void* window, const char* path, int addMode);
 int SaveDataFile(void* window, const char* path);
 
 int ReadDataPair(const char* path, int addMode);
+// Every failure of the writer has shown its box; a failed write shows no time message.
 int WriteDataPair(const char* path);
 // WriteDataPair without the options dialog, for saves the user did not ask for.
 int WriteDataPairQuiet(const char* path);

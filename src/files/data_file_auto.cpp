@@ -5,6 +5,7 @@
 #include "files/data_file_options.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
+#include "support/message_box.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -56,7 +57,6 @@ void AutoDataBaseName(const char* title, std::time_t when, char* name, size_t si
 int WriteAutomaticDataPair(const char* title, const char* settingsFile, char* path, size_t size) {
     char folder[260];
     AutoDataFolder(settingsFile, folder, sizeof folder);
-    if (!MakeFolder(folder)) return DATA_PAIR_NO_DAT;
     char base[160];
     std::time_t when = gCurves.date ? static_cast<std::time_t>(gCurves.date) : std::time(nullptr);
     AutoDataBaseName(title, when, base, sizeof base);
@@ -67,5 +67,12 @@ int WriteAutomaticDataPair(const char* title, const char* settingsFile, char* pa
         name = stem + "_" + std::to_string(n);
     const std::string dat = name + ".dat";
     if (path && size) BoundedCopy(path, dat.c_str(), size);
+    if (!MakeFolder(folder)) {
+        char text[700];
+        std::snprintf(text, sizeof text, "Can not create folder\n%s\n%s", folder,
+                      std::strerror(errno));
+        MessageBoxBeep(nullptr, text, "Error", MB_OK | MB_ICONSTOP);
+        return DATA_PAIR_NO_DAT;
+    }
     return WriteDataPairQuiet(dat.c_str());
 }

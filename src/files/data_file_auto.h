@@ -11,5 +11,6 @@ void AutoDataBaseName(const char* title, std::time_t when, char* name, size_t si
 // Writes gCurves as a pair into the automatic folder (made when missing), never over an earlier
 // pair: a counter "_2", "_3", ... follows the time when the name is taken. The time is the
 // family's date, or now when it has none. Returns the WriteDataPair result, or -3 when the
-// folder can't be made; path receives the .dat written.
+// folder can't be made; every failure has shown its box. path receives the name of the .dat,
+// whether or not it could be written.
 int WriteAutomaticDataPair(const char* title, const char* settingsFile, char* path, size_t size);

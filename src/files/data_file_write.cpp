@@ -143,8 +143,9 @@ void WriteCurveKeys(const CurveFamily& family, const char* ini) {
     }
 }
 
-// Rows side by side, CR LF ended, no header. Write errors are not looked at.
-void WriteTable(const CurveFamily& family, std::FILE* out) {
+// Rows side by side, CR LF ended, no header. Returns 0, or the errno of the first write that
+// failed.
+int WriteTable(const CurveFamily& family, std::FILE* out) {
     const int width = static_cast<int>(DataFileColumnWidth());
     const int digits = width - 4;
     const char delimiter = DataFileDelimiter();
@@ -156,6 +157,11 @@ void WriteTable(const CurveFamily& family, std::FILE* out) {
     CLocaleScope c;
     std::string buffer;
     buffer.reserve(1 << 17);
+    auto flush = [&] {
+        bool ok = std::fwrite(buffer.data(), 1, buffer.size(), out) == buffer.size();
+        buffer.clear();
+        return ok ? 0 : (errno ? errno : EIO);
+    };
     char cell[160];
     for (std::uint32_t row = 0; row < rows; ++row) {
         for (std::uint32_t i = 0; i < family.count; ++i) {
@@ -175,12 +181,10 @@ void WriteTable(const CurveFamily& family, std::FILE* out) {
             else
                 buffer.push_back(delimiter);
         }
-        if (buffer.size() >= (1 << 16)) {
-            std::fwrite(buffer.data(), 1, buffer.size(), out);
-            buffer.clear();
-        }
+        if (buffer.size() >= (1 << 16))
+            if (int error = flush()) return error;
     }
-    std::fwrite(buffer.data(), 1, buffer.size(), out);
+    return flush();
 }
 
 int WritePair(const char* path, bool showOptions) {
@@ -193,14 +197,15 @@ int WritePair(const char* path, bool showOptions) {
                        "Can not delete old INI file", MB_OK | MB_ICONSTOP);
         return DATA_PAIR_SHORT;
     }
-    {
-        // One write of the .ini, when the batch ends.
-        ProfileBatch batch(ini);
-        WriteIni(gCurves, ini);
-        if (fSortCurves) SortLongestFirst(gCurves);
-        WriteCurveKeys(gCurves, ini);
-        SaveDataFileGroups(ini);
-    }
+    // One write of the .ini, when the batch ends; a failed one has shown its box. Its result is
+    // -4, the code of a .ini that can't be replaced, and no .dat is written beside a missing
+    // .ini.
+    ProfileBatch batch(ini);
+    WriteIni(gCurves, ini);
+    if (fSortCurves) SortLongestFirst(gCurves);
+    WriteCurveKeys(gCurves, ini);
+    SaveDataFileGroups(ini);
+    if (!batch.End()) return DATA_PAIR_SHORT;
     double iniSeconds = SecondsSince(start);
     start = Clock::now();
 
@@ -210,8 +215,15 @@ int WritePair(const char* path, bool showOptions) {
                        MB_OK | MB_ICONSTOP);
         return DATA_PAIR_NO_DAT;
     }
-    WriteTable(gCurves, out);
-    std::fclose(out);
+    // A .dat that could not be written whole (a full disk, above all, shows at the close) is
+    // -3, the code of a .dat that can't be made.
+    errno = 0;
+    int error = WriteTable(gCurves, out);
+    if (std::fclose(out) != 0 && !error) error = errno ? errno : EIO;
+    if (error) {
+        ReportWriteFailure(path, error);
+        return DATA_PAIR_NO_DAT;
+    }
     gCurves.saved = 1;
 
     char status[128];

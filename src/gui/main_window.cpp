@@ -46,8 +46,9 @@ void QtRefresh(void* window) {
     w->Plot()->RequestRepaint();
     TellToolWindows(w);
 }
+// The title is the program name, or "Vantrel -- " and the file's path: a file name's bytes.
 void QtSetTitle(void* window, const char* title) {
-    if (Window(window)) Window(window)->setWindowTitle(TextFromStored(title));
+    if (Window(window)) Window(window)->setWindowTitle(PathToQt(title));
 }
 void QtDestroy(void* window) {
     VantrelMainWindow* w = Window(window);
@@ -198,7 +199,7 @@ void VantrelMainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void VantrelMainWindow::dropEvent(QDropEvent* event) {
     std::vector<QByteArray> names;
     for (const QUrl& url : event->mimeData()->urls())
-        if (url.isLocalFile()) names.push_back(StoredFromText(url.toLocalFile()));
+        if (url.isLocalFile()) names.push_back(PathFromQt(url.toLocalFile()));
     std::vector<const char*> paths;
     for (const QByteArray& n : names)
         paths.push_back(n.constData());

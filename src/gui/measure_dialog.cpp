@@ -62,13 +62,8 @@ void ViewSetCheck(void* view, int id, int on) {
 void ViewEnable(void* view, int id, int on) {
     // The readings stay lit during a run; only the buttons that open the panels go off.
     if (id == MC_VoltageRows) {
-        for (int row = 0; row < MeasureDlg::kVoltageRowsShown; ++row) {
-            QPushButton* button = nullptr;
-            QProgressBar* bar = nullptr;
-            QLabel* text = nullptr;
-            Dlg(view)->VoltageRowWidgets(row, &button, &bar, &text);
-            button->setEnabled(on != 0);
-        }
+        for (int row = 0; row < MeasureDlg::kVoltageRowsShown; ++row)
+            Dlg(view)->VoltageRowOf(row).button->setEnabled(on != 0);
         return;
     }
     if (QWidget* w = Dlg(view)->Control(id)) w->setEnabled(on != 0);
@@ -328,6 +323,27 @@ MeasureDlg::~MeasureDlg() {
     SetMeasureDialog(nullptr);
 }
 
+void MeasureDlg::Post(std::function<void()> call) {
+    bool first;
+    {
+        std::lock_guard<std::mutex> hold(mailLock_);
+        first = mail_.empty();
+        mail_.push_back(std::move(call));
+    }
+    // One Drain is on its way while the mailbox holds anything.
+    if (first) QMetaObject::invokeMethod(this, "Drain", Qt::QueuedConnection);
+}
+
+void MeasureDlg::Drain() {
+    std::vector<std::function<void()>> calls;
+    {
+        std::lock_guard<std::mutex> hold(mailLock_);
+        calls.swap(mail_);
+    }
+    for (auto& call : calls)
+        call();
+}
+
 void MeasureDlg::reject() {
     // The close box and Escape are Cancel, or Stop during a run.
     MeasurePanelDoIt(panel_, 0);
@@ -336,11 +352,9 @@ void MeasureDlg::reject() {
 static void ShowCurrentRowIn(void* view, int row, const CurrentRowView& data) {
     MeasureDlg* d = Dlg(view);
     if (row < 0 || row >= MeasureDlg::kCurrentRowsShown) return;
-    QPushButton* button = nullptr;
-    QScrollBar* slider = nullptr;
-    QLabel* text = nullptr;
-    d->CurrentRowWidgets(row, &button, &slider, &text);
-    button->setText(QString("i%1").arg(data.current));
+    const MeasureDlg::CurrentRow& r = d->CurrentRowOf(row);
+    QScrollBar* slider = r.slider;
+    r.button->setText(QString("i%1").arg(data.current));
     Quiet(slider, [&](QScrollBar* s) { s->setValue(static_cast<int>(data.position)); });
     slider->setEnabled(data.connected != 0);
     const char* color = data.group == 1   ? "rgb(255,0,128)"
@@ -348,21 +362,19 @@ static void ShowCurrentRowIn(void* view, int row, const CurrentRowView& data) {
                                           : "";
     slider->setStyleSheet(*color ? QString("QScrollBar { background: %1; }").arg(color)
                                  : QString());
-    text->setText(TextFromStored(data.text));
+    r.text->setText(TextFromStored(data.text));
 }
 
 static void ShowVoltageRowIn(void* view, int row, const VoltageRowView& data) {
     MeasureDlg* d = Dlg(view);
     if (row < 0 || row >= MeasureDlg::kVoltageRowsShown) return;
-    QPushButton* button = nullptr;
-    QProgressBar* bar = nullptr;
-    QLabel* text = nullptr;
-    d->VoltageRowWidgets(row, &button, &bar, &text);
-    button->setText(QString("v%1").arg(data.voltage));
+    const MeasureDlg::VoltageRow& r = d->VoltageRowOf(row);
+    QProgressBar* bar = r.bar;
+    r.button->setText(QString("v%1").arg(data.voltage));
     bar->setRange(static_cast<int>(data.minimum), static_cast<int>(data.maximum));
     bar->setValue(data.bits);
     bar->setStyleSheet(QString("QProgressBar::chunk { background: %1; }").arg(Rgb(data.color)));
-    text->setText(TextFromStored(data.text));
+    r.text->setText(TextFromStored(data.text));
 }
 
 // --- The measurement thread's calls ---------------------------------------------------------
@@ -372,7 +384,7 @@ static void ShowVoltageRowIn(void* view, int row, const VoltageRowView& data) {
 namespace {
 
 template <typename F> void Queue(void* dlg, F f) {
-    QMetaObject::invokeMethod(Dlg(dlg), std::move(f), Qt::QueuedConnection);
+    Dlg(dlg)->Post(std::move(f));
 }
 
 void ThreadShowPoints(void* dlg, int which, const char* text) {

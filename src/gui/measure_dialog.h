@@ -7,7 +7,10 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <map>
+#include <mutex>
+#include <vector>
 
 class QLabel;
 class QProgressBar;
@@ -27,19 +30,26 @@ class MeasureDlg : public QDialog {
     // The control of a panel id, or null when the layout has none.
     QWidget* Control(int id) const;
     QProgressBar* ProgressBar() const { return progress_; }
-    void CurrentRowWidgets(int row, class QPushButton** button, QScrollBar** slider,
-                           QLabel** text) const {
-        *button = currentRows_[row].button;
-        *slider = currentRows_[row].slider;
-        *text = currentRows_[row].text;
-    }
-    void VoltageRowWidgets(int row, class QPushButton** button, QProgressBar** bar,
-                           QLabel** text) const {
-        *button = voltageRows_[row].button;
-        *bar = voltageRows_[row].bar;
-        *text = voltageRows_[row].text;
-    }
+    QScrollBar* VoltageScroll() const { return voltageScroll_; }
+    // The widgets of one shown row.
+    struct CurrentRow {
+        class QPushButton* button;
+        QScrollBar* slider;
+        QLabel* text;
+        class QPushButton* reset;
+    };
+    struct VoltageRow {
+        class QPushButton* button;
+        QProgressBar* bar;
+        QLabel* text;
+    };
+    const CurrentRow& CurrentRowOf(int row) const { return currentRows_[row]; }
+    const VoltageRow& VoltageRowOf(int row) const { return voltageRows_[row]; }
     void reject() override;
+    // From any thread: call runs on the interface thread, after the calls posted before it.
+    void Post(std::function<void()> call);
+    // Runs what was posted; the interface thread's end of Post.
+    Q_INVOKABLE void Drain();
 
   private:
     void BuildSweep(class QGridLayout* grid, int range, bool pointsOnly);
@@ -48,23 +58,19 @@ class MeasureDlg : public QDialog {
 
     MeasurePanel panel_;
     std::map<int, QWidget*> controls_;
-    struct CurrentRow {
-        class QPushButton* button;
-        QScrollBar* slider;
-        QLabel* text;
-        class QPushButton* reset;
-    } currentRows_[kCurrentRowsShown];
-    struct VoltageRow {
-        class QPushButton* button;
-        QProgressBar* bar;
-        QLabel* text;
-    } voltageRows_[kVoltageRowsShown];
+    CurrentRow currentRows_[kCurrentRowsShown];
+    VoltageRow voltageRows_[kVoltageRowsShown];
     QScrollBar* currentScroll_;
     QScrollBar* voltageScroll_;
     QProgressBar* progress_;
     QLabel* progressText_;
     QTimer* timer_;
     bool pointsField_[2] = {false, false};
+    // The calls of the measurement thread, handed over under this lock rather than through
+    // Qt's event queue alone, so that the order of its writes before the window's reads is one
+    // that ThreadSanitizer sees.
+    std::mutex mailLock_;
+    std::vector<std::function<void()>> mail_;
 };
 
 // The calls of the measurement thread for a MeasureDlg as its dialog.

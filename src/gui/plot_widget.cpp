@@ -33,6 +33,6 @@ void PlotWidget::paintEvent(QPaintEvent*) {
     PlotCanvas dc = MakeQtCanvas(state, painter);
     PlotWindow window;
     window.area = CanvasRect{0, 0, width(), height()};
-    lastResult_ = DrawPlot(gPlotOptions, &window, dc, *gPaintedCurves, gViewScale);
+    lastResult_ = DrawPlot(gPlotOptions, &window, dc, *gPaintedCurves.load(), gViewScale);
     if (lastResult_ == PLOT_NOTHING) DrawHardwareReport(dc, window.area, gHardwareReport);
 }

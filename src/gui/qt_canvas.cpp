@@ -141,22 +141,6 @@ void RemoveClip(void* context) {
 
 } // namespace
 
-QString TextFromStored(const char* text) {
-    // The characters that Windows-1252 puts where Latin-1 has control codes; 0 for the five
-    // unused places.
-    static const char16_t high[32] = {
-        0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-    QString out;
-    for (const unsigned char* p = reinterpret_cast<const unsigned char*>(text); *p; ++p) {
-        char16_t c = *p;
-        if (c >= 0x80 && c < 0xA0 && high[c - 0x80] != 0) c = high[c - 0x80];
-        out.append(QChar(c));
-    }
-    return out;
-}
-
 PlotCanvas MakeQtCanvas(QtCanvasState& state, QPainter& painter) {
     state.painter = &painter;
     PlotCanvas dc;

@@ -1,6 +1,7 @@
 // The plot canvas over a QPainter: a widget, a QImage or a printer page. Stored text is
-// single-byte Windows-1252 and becomes a QString here, at the edge of the window system.
+// single-byte Windows-1252 and becomes a QString through TextFromStored (gui/qt_text.h).
 #pragma once
+#include "gui/qt_text.h"
 #include "ui/plot_canvas.h"
 
 #include <QPoint>
@@ -19,6 +20,3 @@ struct QtCanvasState {
 
 // The painter must be active on its device.
 PlotCanvas MakeQtCanvas(QtCanvasState& state, QPainter& painter);
-
-// Windows-1252 bytes to text: Latin-1 except the printable characters of 0x80 to 0x9F.
-QString TextFromStored(const char* text);

@@ -1,5 +1,6 @@
 #include "gui/qt_host.h"
 
+#include "gui/fixed_text_dialog.h"
 #include "gui/font_chooser.h"
 #include "gui/pen_dialog.h"
 #include "gui/qt_canvas.h"
@@ -113,7 +114,7 @@ void QtBeep(unsigned) {
 
 void QtPlaySound(const char* path) {
 #ifdef VANTREL_HAVE_MULTIMEDIA
-    QString file = TextFromStored(path);
+    QString file = PathToQt(path);
     OnGui(
         [file] {
             if (!QFileInfo::exists(file)) return; // a missing sound is ignored
@@ -174,14 +175,14 @@ int QtFileDialog(int save, const char* title, const char* filter, char* path, si
     int result = 0;
     OnGui(
         [&] {
-            QString start = TextFromStored(path);
+            QString start = PathToQt(path);
             QString t = TextFromStored(title ? title : "");
             QString chosen =
                 save ? QFileDialog::getSaveFileName(gWindow, t.isEmpty() ? "Save As" : t, start,
                                                     QtFilter(filter))
                      : QFileDialog::getOpenFileName(gWindow, t.isEmpty() ? "Open" : t, start,
                                                     QtFilter(filter));
-            QByteArray bytes = StoredFromText(chosen);
+            QByteArray bytes = PathFromQt(chosen);
             if (chosen.isEmpty() || size_t(bytes.size()) >= size) return;
             std::memcpy(path, bytes.constData(), size_t(bytes.size()) + 1);
             result = 1;
@@ -276,10 +277,29 @@ int QtChoosePen(void* window, const char* caption, GPen* pen) {
     return result;
 }
 
-const HostTable kQtHost = {QtMessageBox,    QtBeep,           QtPlaySound,      QtSetStatusText,
-                           QtWaitCursor,    QtRunSetupDialog, QtFileDialog,     QtProgress,
-                           QtGetWindowRect, QtMoveWindow,     QtGetDesktopRect, QtChooseFont,
-                           QtChoosePen};
+// Modeless: the caller, perhaps the measurement thread, does not wait for it.
+void QtShowFixedText(void* owner, const char* caption, const char* text) {
+    QByteArray c(caption ? caption : ""), t(text ? text : "");
+    OnGui([owner, c, t] { ShowFixedTextDialog(TopLevel(owner), c.constData(), t.constData()); },
+          false);
+}
+
+const HostTable kQtHost = {
+    .MessageBox = QtMessageBox,
+    .Beep = QtBeep,
+    .PlaySound = QtPlaySound,
+    .SetStatusText = QtSetStatusText,
+    .WaitCursor = QtWaitCursor,
+    .RunSetupDialog = QtRunSetupDialog,
+    .FileDialog = QtFileDialog,
+    .Progress = QtProgress,
+    .GetWindowRect = QtGetWindowRect,
+    .MoveWindow = QtMoveWindow,
+    .GetDesktopRect = QtGetDesktopRect,
+    .ChooseFont = QtChooseFont,
+    .ChoosePen = QtChoosePen,
+    .ShowFixedText = QtShowFixedText,
+};
 
 } // namespace
 
@@ -296,10 +316,6 @@ void SetQtStatusPanes(QLabel* const* panes, int count) {
     gPaneCount = count > 4 ? 4 : count;
     for (int i = 0; i < gPaneCount; ++i)
         gPanes[i] = panes[i];
-}
-
-QByteArray StoredFromText(const QString& text) {
-    return text.toLatin1();
 }
 
 QWidget* QtHostWindow() {

@@ -4,6 +4,7 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -19,6 +20,7 @@ std::deque<ScriptedDialog> gDialogs;
 std::vector<HeadlessBox> gBoxes;
 std::vector<unsigned> gBeeps;
 std::vector<std::string> gSounds;
+std::vector<HeadlessFixedText> gFixedTexts;
 std::map<int, std::string> gStatus;
 bool gEcho = false;
 int gDesktopRect[4] = {0, 0, 1920, 1080};
@@ -98,6 +100,19 @@ int HeadlessChoosePen(void*, const char*, GPen*) {
     return ScriptedChooser();
 }
 
+// Recorded like a box; printed as its caption in brackets on a line, then the text.
+void HeadlessShowFixedText(void* owner, const char* caption, const char* text) {
+    std::lock_guard<std::mutex> hold(gLock);
+    HeadlessFixedText shown{owner, caption ? caption : "", text ? text : ""};
+    if (gEcho) {
+        const std::string& t = shown.text;
+        std::printf("[%s]\n%s%s", shown.caption.c_str(), t.c_str(),
+                    t.empty() || t.back() != '\n' ? "\n" : "");
+        std::fflush(stdout);
+    }
+    gFixedTexts.push_back(std::move(shown));
+}
+
 void HeadlessProgress(int percent, const char* text) {
     if (!gEcho) return;
     if (percent >= 0)
@@ -126,10 +141,20 @@ void HeadlessGetDesktopRect(int rect[4]) {
 }
 
 const HostTable gHeadless = {
-    HeadlessMessageBox,      HeadlessBeep,           HeadlessPlaySound,      HeadlessSetStatusText,
-    HeadlessWaitCursor,      HeadlessRunSetupDialog, HeadlessFileDialog,     HeadlessProgress,
-    HeadlessGetWindowRectOf, HeadlessMoveWindow,     HeadlessGetDesktopRect, HeadlessChooseFont,
-    HeadlessChoosePen,
+    .MessageBox = HeadlessMessageBox,
+    .Beep = HeadlessBeep,
+    .PlaySound = HeadlessPlaySound,
+    .SetStatusText = HeadlessSetStatusText,
+    .WaitCursor = HeadlessWaitCursor,
+    .RunSetupDialog = HeadlessRunSetupDialog,
+    .FileDialog = HeadlessFileDialog,
+    .Progress = HeadlessProgress,
+    .GetWindowRect = HeadlessGetWindowRectOf,
+    .MoveWindow = HeadlessMoveWindow,
+    .GetDesktopRect = HeadlessGetDesktopRect,
+    .ChooseFont = HeadlessChooseFont,
+    .ChoosePen = HeadlessChoosePen,
+    .ShowFixedText = HeadlessShowFixedText,
 };
 
 } // namespace
@@ -179,6 +204,11 @@ std::vector<std::string> HeadlessSounds() {
     return gSounds;
 }
 
+std::vector<HeadlessFixedText> HeadlessFixedTexts() {
+    std::lock_guard<std::mutex> hold(gLock);
+    return gFixedTexts;
+}
+
 std::string HeadlessStatusText(int pane) {
     std::lock_guard<std::mutex> hold(gLock);
     auto it = gStatus.find(pane);
@@ -192,6 +222,7 @@ void HeadlessReset() {
     gBoxes.clear();
     gBeeps.clear();
     gSounds.clear();
+    gFixedTexts.clear();
     gStatus.clear();
 }
 

@@ -12,6 +12,12 @@ struct HeadlessBox {
     int answer = 0;
 };
 
+struct HeadlessFixedText {
+    void* owner = nullptr;
+    std::string caption;
+    std::string text;
+};
+
 const HostTable& HeadlessHostTable();
 
 // Queues answers for the next boxes, first in first out. A box with no queued answer gets its
@@ -25,6 +31,7 @@ void HeadlessScriptDialog(int result, const std::string& path = std::string());
 std::vector<HeadlessBox> HeadlessBoxes();
 std::vector<unsigned> HeadlessBeeps();
 std::vector<std::string> HeadlessSounds();
+std::vector<HeadlessFixedText> HeadlessFixedTexts();
 std::string HeadlessStatusText(int pane);
 // The one window and the desktop of the headless host, for window position tests.
 void HeadlessSetDesktopRect(const int rect[4]);
@@ -32,7 +39,8 @@ void HeadlessSetWindowRect(const int rect[4]);
 void HeadlessGetWindowRect(int rect[4]);
 // Forgets the script and the records.
 void HeadlessReset();
-// When on, boxes, progress and status lines are printed to standard output (vantrel-cli).
+// When on, boxes, fixed texts, progress and status lines are printed to standard output
+// (vantrel-cli).
 void HeadlessSetEcho(bool on);
 // The default answer of a box with these flags.
 int DefaultButton(unsigned flags);

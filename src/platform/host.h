@@ -62,6 +62,10 @@ struct HostTable {
     // The pen dialog: style list, width field and colour button. OK stores them in the pen
     // once the width reads (AcceptPenUI). 1 for OK, 0 for Cancel.
     int (*ChoosePen)(void* window, const char* caption, GPen* pen);
+    // The fixed text dialog: shows text (Windows-1252, lines ending in CR LF or LF) read-only
+    // in a fixed-pitch font, centred on owner (null: the main window). Modeless: it returns at
+    // once, the text is copied, and several can be open.
+    void (*ShowFixedText)(void* owner, const char* caption, const char* text);
 };
 
 // The installed host; never null (the headless host until another is installed).

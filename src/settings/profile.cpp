@@ -2,6 +2,7 @@
 #include "settings/profile_document.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
+#include "support/message_box.h"
 
 #include <cerrno>
 #include <climits>
@@ -11,7 +12,6 @@
 #include <fstream>
 #include <map>
 #include <mutex>
-#include <sstream>
 #include <unistd.h>
 
 namespace {
@@ -47,26 +47,22 @@ bool ReadDocument(const char* fileName, ProfileDocument& doc) {
     return true;
 }
 
-// Writes beside the file, then renames over it, so a crash never leaves half a file.
-bool WriteDocument(const char* fileName, const ProfileDocument& doc) {
+// Writes beside the file, then renames over it, so a crash never leaves half a file. Returns 0,
+// or the errno of the step that failed; the file beside is removed then.
+int WriteDocument(const char* fileName, const ProfileDocument& doc) {
     std::string aside = std::string(fileName) + ".tmp" + std::to_string(getpid());
-    {
-        std::ofstream out(aside, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        std::string text = doc.Serialize();
-        out.write(text.data(), static_cast<std::streamsize>(text.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            std::remove(aside.c_str());
-            return false;
-        }
-    }
-    if (std::rename(aside.c_str(), fileName) != 0) {
-        std::remove(aside.c_str());
-        return false;
-    }
-    return true;
+    auto failure = [] { return errno ? errno : EIO; };
+    errno = 0;
+    std::FILE* out = std::fopen(aside.c_str(), "wb");
+    if (!out) return failure();
+    std::string text = doc.Serialize();
+    int error = 0;
+    if (std::fwrite(text.data(), 1, text.size(), out) != text.size()) error = failure();
+    // A full disk often shows only when the buffer goes out, at the close.
+    if (std::fclose(out) != 0 && !error) error = failure();
+    if (!error && std::rename(aside.c_str(), fileName) != 0) error = failure();
+    if (error) std::remove(aside.c_str());
+    return error;
 }
 
 // Runs f on the document of fileName: the batched copy, or one read for this call alone.
@@ -82,6 +78,13 @@ template <class F> auto WithDocument(const char* fileName, bool writes, F f) {
 
 } // namespace
 
+void ReportWriteFailure(const char* fileName, int error) {
+    char text[1200];
+    std::snprintf(text, sizeof text, "Can not write file\n%s\n%s", fileName ? fileName : "",
+                  std::strerror(error ? error : EIO));
+    MessageBoxBeep(nullptr, text, "Error", MB_OK | MB_ICONSTOP);
+}
+
 ProfileBatch::ProfileBatch(const char* fileName) : file_(fileName ? fileName : "") {
     std::lock_guard<std::recursive_mutex> hold(gProfileLock);
     Batched& b = gBatches[file_];
@@ -89,13 +92,26 @@ ProfileBatch::ProfileBatch(const char* fileName) : file_(fileName ? fileName : "
 }
 
 ProfileBatch::~ProfileBatch() {
-    std::lock_guard<std::recursive_mutex> hold(gProfileLock);
-    auto it = gBatches.find(file_);
-    if (it == gBatches.end()) return;
-    if (--it->second.depth == 0) {
-        if (it->second.doc.dirty) WriteDocument(file_.c_str(), it->second.doc);
+    End();
+}
+
+int ProfileBatch::End() {
+    if (result_ >= 0) return result_;
+    result_ = 1;
+    int error = 0;
+    {
+        std::lock_guard<std::recursive_mutex> hold(gProfileLock);
+        auto it = gBatches.find(file_);
+        if (it == gBatches.end() || --it->second.depth > 0) return result_;
+        if (it->second.doc.dirty) error = WriteDocument(file_.c_str(), it->second.doc);
         gBatches.erase(it);
     }
+    // The box waits for its answer outside the lock, so other threads' profile calls go on.
+    if (error) {
+        ReportWriteFailure(file_.c_str(), error);
+        result_ = 0;
+    }
+    return result_;
 }
 
 unsigned GetPrivateProfileString(const char* section, const char* key, const char* defaultValue,
@@ -147,7 +163,7 @@ int WritePrivateProfileString(const char* section, const char* key, const char* 
         else
             doc.Set(section, key, value);
         if (batched || !doc.dirty) return 1;
-        return WriteDocument(fileName, doc) ? 1 : 0;
+        return WriteDocument(fileName, doc) == 0 ? 1 : 0;
     });
 }
 

@@ -17,7 +17,7 @@ unsigned GetPrivateProfileString(const char* section, const char* key, const cha
                                  char* out, size_t size, const char* fileName);
 // Writes key=value in section, creating the file and section when missing. A null value
 // deletes the key; a null key deletes the section. Returns 1, or 0 when the file can't be
-// written.
+// written. Inside a batch the write, and the report of its failure, come when the batch ends.
 int WritePrivateProfileString(const char* section, const char* key, const char* value,
                               const char* fileName);
 
@@ -32,9 +32,14 @@ int WriteProfileInt(const char* section, const char* key, const char* format, in
 int WriteProfileLong(const char* section, const char* key, const char* format, long value,
                      const char* fileName);
 
+// The box of a file that could not be written, with the system's reason (an errno value):
+// "Can not write file\n<fileName>\n<reason>" under "Error".
+void ReportWriteFailure(const char* fileName, int error);
+
 // While one lives, every call on fileName works on one copy read once, and writes reach the
 // disk once, when the last batch on that file ends. LoadAllSettings and SaveAllSettings walk
-// the groups inside one.
+// the groups inside one. When that one write fails, the user is told at once
+// (ReportWriteFailure) and End gives 0, so the caller can give up too.
 class ProfileBatch {
   public:
     explicit ProfileBatch(const char* fileName);
@@ -42,6 +47,12 @@ class ProfileBatch {
     ProfileBatch(const ProfileBatch&) = delete;
     ProfileBatch& operator=(const ProfileBatch&) = delete;
 
+    // Ends the batch before its scope does; later calls give the same result. 0 when this was
+    // the last batch on the file and its write failed; otherwise 1, also for an inner batch,
+    // whose writes the outer one carries and answers for.
+    int End();
+
   private:
     std::string file_;
+    int result_ = -1; // -1 while open
 };

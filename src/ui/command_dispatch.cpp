@@ -3,6 +3,7 @@
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_options.h"
+#include "settings/profile.h"
 #include "ui/settings_registry.h"
 #include "instrument/autozero.h"
 #include "instrument/averaging.h"
@@ -98,8 +99,12 @@ void LoadOptionsFrom(void* window, const char* path) {
 }
 
 void SaveOptionsTo(void* window) {
+    // One write of the file for both, so that a file that can't be written is told once.
+    ProfileBatch batch(gIniFileName);
     SaveAllSettings(gIniFileName);
     SaveWindowPosition(window, gIniFileName);
+    // The batch has told the failure; the time of the walk must not stand as if it saved.
+    if (!batch.End()) Host().SetStatusText(0, "");
 }
 
 void HelpOutOfDate(void* window) {

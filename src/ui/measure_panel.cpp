@@ -39,6 +39,17 @@ const int kRunDisabledControls[] = {
     SweepControlId(1, SC_SetStop),
     SweepControlId(1, SC_GoStart),
     SweepControlId(1, SC_GoStop),
+    // The sweep rows write the working ranges, which the thread owns during the run.
+    SweepControlId(0, SC_Symmetric),
+    SweepControlId(0, SC_Both),
+    SweepControlId(0, SC_Reset),
+    SweepControlId(0, SC_Xchange),
+    SweepControlId(0, SC_Step),
+    SweepControlId(1, SC_Symmetric),
+    SweepControlId(1, SC_Both),
+    SweepControlId(1, SC_Reset),
+    SweepControlId(1, SC_Xchange),
+    SweepControlId(1, SC_Step),
 };
 const int kRunDisabledCount = sizeof kRunDisabledControls / sizeof kRunDisabledControls[0];
 
@@ -139,6 +150,7 @@ void MeasurePanelOpen(MeasurePanel& p, const MeasureParams& params, const Measur
 }
 
 void PanelAutoZero(MeasurePanel& p, int on) {
+    if (p.running) return;
     int state = DoAutoZero(on, p.dialog);
     if (p.view) p.view->SetCheck(p.viewData, MC_AutoZero, state);
     gMeasureAutoZeroBox = state;
@@ -154,7 +166,7 @@ void PanelShowShifts(MeasurePanel& p, int monitors) {
 }
 
 void PanelHandler(MeasurePanel& p, int which) {
-    if (!p.params) return;
+    if (!p.params || p.running) return;
     void (*handler)(void*, void*) = which == 0   ? p.params->optionsHandler
                                     : which == 1 ? p.params->xAxisHandler
                                                  : p.params->yAxisHandler;
@@ -198,7 +210,7 @@ void MeasurePanelDoIt(MeasurePanel& p, int doIt) {
         for (int k = 0; k < kRunDisabledCount; ++k)
             Enable(p, kRunDisabledControls[k], 0);
         p.running = 1;
-        if (!StartMeasurement(p.dialog, *p.params)) {
+        if (!StartMeasurementThread(p.dialog, *p.params)) {
             // StartMeasurement has ended the dialog through its calls already.
             p.running = 0;
             return;
@@ -223,6 +235,7 @@ void MeasurePanelEnded(MeasurePanel& p, int result) {
         Enable(p, SweepControlId(range, SC_SetStart), finder);
         Enable(p, SweepControlId(range, SC_GoStart), finder);
         Enable(p, SweepControlId(range, SC_GoStop), finder);
+        Enable(p, SweepControlId(range, SC_Symmetric), finder);
         Enable(p, SweepControlId(range, SC_SetStop), finder && p.sweep[range].stopEnabled);
     }
     if (p.view) p.view->SetText(p.viewData, MC_Cancel, "Cancel");

@@ -112,8 +112,12 @@ struct MeasurePanel {
     void* dialog = nullptr;
     SweepPanel sweep[2];
     int currentRows = kPanelCurrentRows, voltageRows = kPanelVoltageRows;
-    // First table index shown; read by the measurement thread when it refreshes rows.
+    // First table index shown; written by the interface thread, read also by the measurement
+    // thread when it refreshes rows.
     std::atomic<int> currentBase{0}, voltageBase{0};
+    // A run goes: the measurement thread alone touches the cards, the DAC state and the working
+    // ranges, so every function below that would returns at once, and scrolling only moves the
+    // rows, which the thread's next refresh fills. Interface thread only.
     int running = 0;
     int ended = 0;
 };
@@ -165,11 +169,15 @@ void ShowMemory(MeasurePanel& panel);
 // changed -1: every row; otherwise the rows of that current and of its group.
 void RefreshCurrentRows(MeasurePanel& panel, int changed);
 bool SameCurrentGroup(int a, int b);
-// Reading and showing apart, so that the measurement thread reads and the window shows.
+// Reading and showing apart, so that the measurement thread reads and the window shows. Rows
+// read for another base than the present one (the user scrolled meanwhile) are not shown.
 int ReadCurrentRows(const MeasurePanel& panel, CurrentRowView* rows);
 void ShowCurrentRows(MeasurePanel& panel, const CurrentRowView* rows, int count);
 int ReadVoltageRows(const MeasurePanel& panel, VoltageRowView* rows);
+// The visible voltage rows from the tables alone: no card is read, the texts stay empty.
+int DescribeVoltageRows(const MeasurePanel& panel, VoltageRowView* rows);
 void ShowVoltageRows(MeasurePanel& panel, const VoltageRowView* rows, int count);
+// Reads and shows the voltage rows; during a run only describes them.
 void RefreshVoltageRows(MeasurePanel& panel);
 void ScrollCurrentRows(MeasurePanel& panel, int base);
 void ScrollVoltageRows(MeasurePanel& panel, int base);

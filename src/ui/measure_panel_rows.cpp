@@ -44,6 +44,7 @@ bool SameCurrentGroup(int a, int b) {
 }
 
 void RefreshCurrentRows(MeasurePanel& p, int changed) {
+    if (p.running) return; // the thread's next point shows them
     int rows = VisibleRows(p.currentRows, kCurrentChannelCount);
     for (int row = 0; row < rows; ++row) {
         int c = p.currentBase + row;
@@ -65,12 +66,12 @@ int ReadCurrentRows(const MeasurePanel& p, CurrentRowView* rows) {
 }
 
 void ShowCurrentRows(MeasurePanel& p, const CurrentRowView* rows, int count) {
-    if (!p.view) return;
+    if (!p.view || (count > 0 && rows[0].current != p.currentBase)) return;
     for (int row = 0; row < count; ++row)
         p.view->ShowCurrentRow(p.viewData, row, rows[row]);
 }
 
-int ReadVoltageRows(const MeasurePanel& p, VoltageRowView* rows) {
+int DescribeVoltageRows(const MeasurePanel& p, VoltageRowView* rows) {
     int count = VisibleRows(p.voltageRows, kVoltageChannelCount);
     int base = p.voltageBase;
     for (int row = 0; row < count; ++row) {
@@ -83,26 +84,32 @@ int ReadVoltageRows(const MeasurePanel& p, VoltageRowView* rows) {
         r.maximum = adc.MaxReading;
         r.color = RGB_Spectrum7(static_cast<unsigned>(v) % kCurveStyleCount, kCurveStyleCount);
         r.connected = IsVoltageConnected(v);
-        if (r.connected) {
-            VoltageReading reading = GetVoltage(v);
-            FormatPhysicalDigits(r.text, sizeof r.text, static_cast<float>(reading.volts), 4, "V");
-            r.bits = reading.bits;
-        } else {
-            r.bits = adc.ZeroReading;
-        }
+        r.bits = adc.ZeroReading;
+    }
+    return count;
+}
+
+int ReadVoltageRows(const MeasurePanel& p, VoltageRowView* rows) {
+    int count = DescribeVoltageRows(p, rows);
+    for (int row = 0; row < count; ++row) {
+        VoltageRowView& r = rows[row];
+        if (!r.connected) continue;
+        VoltageReading reading = GetVoltage(r.voltage);
+        FormatPhysicalDigits(r.text, sizeof r.text, static_cast<float>(reading.volts), 4, "V");
+        r.bits = reading.bits;
     }
     return count;
 }
 
 void ShowVoltageRows(MeasurePanel& p, const VoltageRowView* rows, int count) {
-    if (!p.view) return;
+    if (!p.view || (count > 0 && rows[0].voltage != p.voltageBase)) return;
     for (int row = 0; row < count; ++row)
         p.view->ShowVoltageRow(p.viewData, row, rows[row]);
 }
 
 void RefreshVoltageRows(MeasurePanel& p) {
     VoltageRowView rows[kVoltageChannelCount];
-    int n = ReadVoltageRows(p, rows);
+    int n = p.running ? DescribeVoltageRows(p, rows) : ReadVoltageRows(p, rows);
     ShowVoltageRows(p, rows, n);
 }
 
@@ -123,7 +130,7 @@ void ScrollVoltageRows(MeasurePanel& p, int base) {
 
 void CurrentSlider(MeasurePanel& p, int row, std::uint32_t position) {
     int c = p.currentBase + row;
-    if (c < 0 || c >= kCurrentChannelCount) return;
+    if (p.running || c < 0 || c >= kCurrentChannelCount) return;
     if (position >= kSliderPositions) position = kSliderPositions - 1;
     if (IsCurrentConnected(c)) {
         SetCurrentAbs(BitsFromSliderPosition(c, position, kSliderPositions), c);
@@ -134,13 +141,13 @@ void CurrentSlider(MeasurePanel& p, int row, std::uint32_t position) {
 
 void CurrentRowReset(MeasurePanel& p, int row) {
     int c = p.currentBase + row;
-    if (c < 0 || c >= kCurrentChannelCount) return;
+    if (p.running || c < 0 || c >= kCurrentChannelCount) return;
     SetCurrentAbs(DacZero(c), c);
     RefreshCurrentRows(p, c);
 }
 
 void CurrentRowButton(MeasurePanel& p, int row) {
-    if (!p.view) return;
+    if (!p.view || p.running) return;
     p.view->OpenChannelSetup(p.viewData, 0, p.currentBase + row);
     RefreshCurrentRows(p, -1);
     RecomputePoints(p);
@@ -148,7 +155,7 @@ void CurrentRowButton(MeasurePanel& p, int row) {
 }
 
 void VoltageRowButton(MeasurePanel& p, int row) {
-    if (!p.view) return;
+    if (!p.view || p.running) return;
     p.view->OpenChannelSetup(p.viewData, 1, p.voltageBase + row);
     RefreshVoltageRows(p);
     ShowMemory(p);
@@ -169,6 +176,7 @@ void TimerTick(MeasurePanel& p) {
 }
 
 void PanelAllToZero(MeasurePanel& p) {
+    if (p.running) return;
     for (int c = 0; c < kCurrentChannelCount; ++c)
         SetCurrentAbs(DacZero(c), c);
     RefreshCurrentRows(p, -1);
@@ -176,7 +184,7 @@ void PanelAllToZero(MeasurePanel& p) {
 
 void PanelSweep1ToZero(MeasurePanel& p) {
     int c = FirstSweep1Current();
-    if (c < 0) return;
+    if (p.running || c < 0) return;
     SetCurrentAbs(DacZero(c), c);
     RefreshCurrentRows(p, c);
 }

@@ -111,6 +111,7 @@ void ShowSweep(MeasurePanel& p, int range) {
 }
 
 void SweepSetStart(MeasurePanel& p, int range, int on) {
+    if (p.running) return; // the thread owns the working ranges now
     SweepRange& r = WorkingRange(range);
     std::uint32_t value = 0;
     if (on && !PresentValue(r, &value)) on = 0;
@@ -125,6 +126,7 @@ void SweepSetStart(MeasurePanel& p, int range, int on) {
 }
 
 void SweepSetStop(MeasurePanel& p, int range, int on) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     std::uint32_t value = kFull;
     if (on && !PresentValue(r, &value)) on = 0;
@@ -139,6 +141,7 @@ void SweepSetStop(MeasurePanel& p, int range, int on) {
 }
 
 static void GoTo(MeasurePanel& p, int range, bool start) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     int c = SweepCurrent(r);
     if (c < 0) return;
@@ -154,6 +157,7 @@ void SweepGoStop(MeasurePanel& p, int range) {
 }
 
 void SweepSymmetric(MeasurePanel& p, int range, int on) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     r.symmetric = on ? 1 : 0;
     Check(p, range, SC_Symmetric, r.symmetric);
@@ -167,12 +171,14 @@ void SweepSymmetric(MeasurePanel& p, int range, int on) {
 }
 
 void SweepBothDirections(MeasurePanel& p, int range, int on) {
+    if (p.running) return;
     WorkingRange(range).bothDirections = on ? 1 : 0;
     Check(p, range, SC_Both, on ? 1 : 0);
     Changed(p);
 }
 
 void SweepReset(MeasurePanel& p, int range) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     r.from = 0;
     r.to = kFull;
@@ -186,12 +192,14 @@ void SweepReset(MeasurePanel& p, int range) {
 }
 
 void SweepXchange(MeasurePanel& p, int range) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     std::swap(r.from, r.to);
     Changed(p);
 }
 
 void SweepStepBits(MeasurePanel& p, int range, std::uint32_t bits) {
+    if (p.running) return;
     SweepRange& r = WorkingRange(range);
     std::uint32_t step = ScaleFromCardBits(SweepCurrent(r), bits);
     if (step == 0 || step > 32768) step = 1;
@@ -200,6 +208,7 @@ void SweepStepBits(MeasurePanel& p, int range, std::uint32_t bits) {
 }
 
 void SweepPoints(MeasurePanel& p, int range, std::uint32_t n) {
+    if (p.running) return;
     WorkingPoints(range) = n ? n : 1;
     ShowSweep(p, range);
     ShowMemory(p);

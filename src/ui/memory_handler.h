@@ -3,10 +3,10 @@
 #pragma once
 #include <cstddef>
 
-// A std::new_handler. operator new does not tell the handler the size it wanted, so the box
-// shows the last size noted with NoteAllocationSize (0 when none was noted).
+// A std::new_handler. operator new does not tell a handler the size it wanted, so the program
+// replaces the global operator new (every form, with the matching deletes over malloc and
+// free): it notes the size on this thread before it calls the handler, and the box shows it.
 void OutOfMemoryHandler();
-void NoteAllocationSize(size_t bytes);
 // Installs the handler and gives the previous one back.
 using NewHandler = void (*)();
 NewHandler InstallOutOfMemoryHandler();

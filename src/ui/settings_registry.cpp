@@ -60,7 +60,7 @@ int WalkSettingsGroups(const SettingsGroup* groups, unsigned count, bool save,
         VASSERT_MSG(g.load != g.save, "LoadOptionsFnsList[i]!=SaveOptionsFnsList[i]");
         if (OptionsFn fn = save ? g.save : g.load) fn(fileName);
     }
-    return 1;
+    return batch.End();
 }
 
 namespace {
@@ -68,11 +68,13 @@ namespace {
 int WalkAll(bool save, const char* fileName, const char* statusFormat) {
     Host().WaitCursor(1);
     auto start = std::chrono::steady_clock::now();
-    WalkSettingsGroups(gSettingsGroups, kSettingsGroupCount, save, fileName);
+    int written = WalkSettingsGroups(gSettingsGroups, kSettingsGroupCount, save, fileName);
     auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(
                   std::chrono::steady_clock::now() - start)
                   .count();
     Host().WaitCursor(0);
+    // The batch has shown the one box; the time message would claim a file that is not there.
+    if (!written) return 0;
     char text[128];
     SnprintfC(text, sizeof text, statusFormat, static_cast<double>(ms) / 1000.0);
     Host().SetStatusText(0, text);
@@ -141,5 +143,5 @@ int SaveWindowPosition(void* window, const char* fileName) {
     WriteProfileInt("Setup", "WindowPositionTop", "%u", rect[1], fileName);
     WriteProfileInt("Setup", "WindowPositionRight", "%u", rect[2], fileName);
     WriteProfileInt("Setup", "WindowPositionBottom", "%u", rect[3], fileName);
-    return 1;
+    return batch.End();
 }

@@ -16,12 +16,14 @@ constexpr unsigned kSettingsGroupCount = 24;
 extern const SettingsGroup gSettingsGroups[kSettingsGroupCount];
 
 // Walks groups in order inside one batch on the file, loading or saving each. A group whose
-// load and save are the same function fails the debug check. Returns 1.
+// load and save are the same function fails the debug check. Returns 1, or 0 when the file
+// could not be written (the batch has told the user).
 int WalkSettingsGroups(const SettingsGroup* groups, unsigned count, bool save,
                        const char* fileName);
 
 // Walk gSettingsGroups with the wait cursor on, and show the time spent in status pane 0.
-// Both return 1.
+// Both return 1; SaveAllSettings returns 0 instead, with one box and no time message, when the
+// file could not be written.
 int LoadAllSettings(const char* fileName);
 int SaveAllSettings(const char* fileName);
 
@@ -30,6 +32,7 @@ int SaveAllSettings(const char* fileName);
 // before it reads or writes a data pair.
 void InstallSettingsGroups();
 
-// The window's rectangle under "Setup", clamped to the desktop on loading.
+// The window's rectangle under "Setup", clamped to the desktop on loading. Saving returns 0,
+// after the box, when the file could not be written.
 int LoadWindowPosition(void* window, const char* fileName);
 int SaveWindowPosition(void* window, const char* fileName);

@@ -2,6 +2,7 @@
 // command handling, all through SetupDialogOps so that any dialog can drive it.
 #include "settings/profile.h"
 #include "settings/settings_file.h"
+#include "ui/dialog_helpers.h"
 #include "ui/setup_dialog.h"
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
@@ -166,13 +167,12 @@ void ProcessDependencies(const SetupTable* table, SetupDialog* dialog) {
             VASSERT_MSG(false, "Wrong action in master-slave dependency");
             continue;
         }
-        for (unsigned s = 1; s <= dep.slaveCount; ++s) {
-            int id = dep.ids[s];
-            if (effect == DISABLE || effect == ENABLE)
-                ops->Enable(dialog->context, id, effect == ENABLE);
-            else
-                ops->Show(dialog->context, id, effect == SHOW);
+        if (effect == DISABLE || effect == ENABLE) {
+            EnableControls(dialog, dep.ids + 1, dep.slaveCount, effect == ENABLE);
+            continue;
         }
+        for (unsigned s = 1; s <= dep.slaveCount; ++s)
+            ops->Show(dialog->context, dep.ids[s], effect == SHOW);
     }
 }
 

@@ -35,10 +35,6 @@ i16 Scale(const FakeCard* c, i16 channel, i16 code, int reading, f64* volts) {
     return 0;
 }
 
-i16 Version(u32* v) {
-    *v = gRack.version;
-    return gRack.versionFails ? -1 : 0;
-}
 i16 DeviceInfo(i16 slot, u32 type, u32* value) {
     FakeCard* c = Find(0, slot);
     if (!c || type != kDaqInfoDeviceType) return -1;
@@ -68,18 +64,11 @@ i16 DaqVScale(i16 slot, i16 channel, i16 code, f64, f64, u32 count, const i16* s
     if (count != 4) return -1;
     return Scale(Find(0, slot), channel, code, samples[1], volts);
 }
-i16 AiRead(i16, i16, i16, i16* reading) {
-    *reading = gRack.nextReading;
-    return gRack.aiReadStatus;
-}
 i16 DaqOp(i16, i16, i16, i16* buffer, u32 count, f64) {
     ++gRack.daqOpCalls;
     for (u32 i = 0; i < count; ++i)
         buffer[2 * i] = 0x55, buffer[2 * i + 1] = gRack.nextReading;
     return gRack.daqOpStatus;
-}
-i16 ScanOp(i16, i16, const i16*, const i16*, i16*, u32, f64, f64) {
-    return -1;
 }
 i16 AoVScale(i16 slot, i16 channel, f64 volts, i16* reading) {
     FakeCard* c = Find(0, slot);
@@ -90,10 +79,6 @@ i16 AoVScale(i16 slot, i16 channel, f64 volts, i16* reading) {
     *reading = static_cast<i16>(c->dacSigned ? code - (1 << (c->dacBits - 1)) : code);
     return 0;
 }
-i16 AoWrite(i16 slot, i16 channel, i16 reading) {
-    gRack.writes.push_back({0, slot, channel, 0, 0, reading});
-    return gRack.writeStatus;
-}
 i16 ScxiAoWrite(i16 chassis, i16 slot, i16 channel, i16 op, i16 range, f64, i16 reading, i16*) {
     if (op == 2) {
         FakeCard* c = Find(chassis, slot);
@@ -102,45 +87,34 @@ i16 ScxiAoWrite(i16 chassis, i16 slot, i16 channel, i16 op, i16 range, f64, i16 
     gRack.writes.push_back({chassis, slot, channel, op, range, reading});
     return gRack.writeStatus;
 }
-i16 TimeoutConfig(i16, i32) {
-    return 0;
-}
-i16 WfmOp(i16, i16, const i16*, const i16*, u32, u32, f64) {
-    return -1;
-}
-i16 WfmScale(i16, i16, u32, f64, const f64*, i16*) {
-    return -1;
-}
-i16 WfmGroupControl(i16, i16, i16) {
-    return -1;
-}
-i16 WfmCheck(i16, i16, i16*, u32*, u32*) {
-    return -1;
-}
-i16 ErrorHandler(i16, const char*, i16) {
-    return 0;
-}
 
 } // namespace
 
 const DaqDriver kFakeDriver = {
     .name = "fake",
-    .Get_NI_DAQ_Version = Version,
+    .Get_NI_DAQ_Version = [](u32* v) -> i16 {
+        return *v = gRack.version, gRack.versionFails ? -1 : 0;
+    },
     .Get_DAQ_Device_Info = DeviceInfo,
     .SCXI_Get_Chassis_Info = ChassisInfo,
     .SCXI_Get_Module_Id = ModuleId,
     .AI_VScale = AiVScale,
     .DAQ_VScale = DaqVScale,
-    .AI_Read = AiRead,
+    .AI_Read = [](i16, i16, i16, i16* reading) -> i16 {
+        return *reading = gRack.nextReading, gRack.aiReadStatus;
+    },
     .DAQ_Op = DaqOp,
-    .SCAN_Op = ScanOp,
+    .SCAN_Op = [](i16, i16, const i16*, const i16*, i16*, u32, f64, f64) -> i16 { return -1; },
     .AO_VScale = AoVScale,
-    .AO_Write = AoWrite,
+    .AO_Write = [](i16 slot, i16 channel, i16 reading) -> i16 {
+        gRack.writes.push_back({0, slot, channel, 0, 0, reading});
+        return gRack.writeStatus;
+    },
     .SCXI_AO_Write = ScxiAoWrite,
-    .Timeout_Config = TimeoutConfig,
-    .WFM_Op = WfmOp,
-    .WFM_Scale = WfmScale,
-    .WFM_Group_Control = WfmGroupControl,
-    .WFM_Check = WfmCheck,
-    .ErrorHandler = ErrorHandler,
+    .Timeout_Config = [](i16, i32) -> i16 { return 0; },
+    .WFM_Op = [](i16, i16, const i16*, const i16*, u32, u32, f64) -> i16 { return -1; },
+    .WFM_Scale = [](i16, i16, u32, f64, const f64*, i16*) -> i16 { return -1; },
+    .WFM_Group_Control = [](i16, i16, i16) -> i16 { return -1; },
+    .WFM_Check = [](i16, i16, i16*, u32*, u32*) -> i16 { return -1; },
+    .ErrorHandler = [](i16, const char*, i16) -> i16 { return 0; },
 };

@@ -1,68 +1,55 @@
 #include "common/panel_rack.h"
 
-#include "instrument/autozero.h"
-#include "instrument/averaging.h"
-#include "instrument/daq/sim_config.h"
 #include "instrument/daq/sim_driver.h"
 #include "instrument/daq_cards.h"
+#include "instrument/delays.h"
 #include "instrument/virtual_channels.h"
-#include "measure/measure_options.h"
 
 #include <gtest/gtest.h>
 
-namespace {
+void LoadSimRack(const TempDir& dir, const std::string& extraIni) {
+    ResetInstrumentDefaults();
+    WriteWholeFile(dir.File("simdaq.ini"), "[Clock]\nMode=step\n[Noise]\nSeed=12345\n" + extraIni);
+    EXPECT_TRUE(SimDaqLoad(dir.File("simdaq.ini").c_str()));
+    SetDaqDriver(&gSimDaqDriver);
+    char report[kCardsReportSize];
+    EXPECT_EQ(0, DetectCards(report, sizeof report, dir.Path().c_str())) << report;
+    InitDacState();
+}
 
-int DacOf(const SimPort& port) {
+int SimDacIndex(const SimPort& port) {
     for (int k = 0; k < DacCardsCount; ++k)
         if (DacCards[k].chassis == port.chassis && DacCards[k].slot == port.slot) return k;
     return -1;
 }
 
-int AdcOf(const SimPort& port) {
+int SimAdcIndex(const SimPort& port) {
     for (int k = 0; k < AdcCardsCount; ++k)
         if (AdcCards[k].chassis == port.chassis && AdcCards[k].slot == port.slot) return k;
     return -1;
 }
 
-} // namespace
-
 PanelRack::PanelRack() {
-    std::string ini = dir_.File("simdaq.ini");
-    WriteWholeFile(ini, "[Clock]\nMode=step\n[Noise]\nSeed=12345\n");
-    EXPECT_TRUE(SimDaqLoad(ini.c_str()));
-    SetDaqDriver(&gSimDaqDriver);
-    char report[kCardsReportSize];
-    EXPECT_EQ(0, DetectCards(report, sizeof report, dir_.Path().c_str())) << report;
-    for (auto& c : CurrentChannels)
-        c = CurrentChannel();
-    for (auto& v : VoltageChannels)
-        v = VoltageChannel();
-    GetCurrentAveragingTimes = GetVoltageAveragingTimes = 1;
-    GetCurrentAveragingStart = GetVoltageAveragingStart = 0;
-    TurboAveraging = 0;
-    ResizeAveragingArray();
+    LoadSimRack(dir_);
     MaxDACStep = 4096;
-    DelayBeforeVoltage = SystemDecayTime = DelayAfterSweep2 = 0;
-    AutoZero_RedoOnDoIt = 0;
-
     const SimConfig& sim = SimDaqConfig();
     CurrentChannel& bias = CurrentChannels[0];
     bias.kind = CURRENT_SWEEP1_PLUS;
-    bias.DACSlot = static_cast<u16>(DacOf(sim.bias));
+    bias.DACSlot = static_cast<u16>(SimDacIndex(sim.bias));
     bias.DACChan = static_cast<u16>(sim.bias.channel);
     bias.R = static_cast<f32>(sim.biasResistor);
     bias.flag = CURRENT_FLAG_MONITORED;
-    bias.ADCSlot = static_cast<u16>(AdcOf(sim.inputs[kSigMonitor].port));
+    bias.ADCSlot = static_cast<u16>(SimAdcIndex(sim.inputs[kSigMonitor].port));
     bias.ADCChan = static_cast<u16>(sim.inputs[kSigMonitor].port.channel);
     CurrentChannel& coil = CurrentChannels[1];
     coil.kind = CURRENT_SWEEP2_PLUS;
-    coil.DACSlot = static_cast<u16>(DacOf(sim.coil));
+    coil.DACSlot = static_cast<u16>(SimDacIndex(sim.coil));
     coil.DACChan = static_cast<u16>(sim.coil.channel);
     const int signals[] = {kSigJ1, kSigJ2, kSigArray};
     for (int k = 0; k < 3; ++k) {
         VoltageChannel& v = VoltageChannels[k];
         v.kind = VOLTAGE_POSITIVE;
-        v.ADCSlot = static_cast<u16>(AdcOf(sim.inputs[signals[k]].port));
+        v.ADCSlot = static_cast<u16>(SimAdcIndex(sim.inputs[signals[k]].port));
         v.ADCChan = static_cast<u16>(sim.inputs[signals[k]].port.channel);
         v.extGain = static_cast<f32>(sim.inputs[signals[k]].gain);
     }
@@ -70,6 +57,5 @@ PanelRack::PanelRack() {
 }
 
 PanelRack::~PanelRack() {
-    SetDaqDriver(nullptr);
-    ResetCards();
+    ResetInstrumentDefaults();
 }

@@ -2,6 +2,7 @@
 // shipped settings wire it (sweep1 bias monitored, sweep2 coil, signals J1, J2, array).
 #pragma once
 #include "common/test_support.h"
+#include "instrument/daq/sim_config.h"
 
 class PanelRack {
   public:
@@ -12,3 +13,10 @@ class PanelRack {
   private:
     TempDir dir_;
 };
+
+// The simulated rack alone: every instrument global at its default, the step clock, seed 12345
+// and extraIni in dir's simdaq.ini, the cards detected. The table index of the card behind a
+// simulated terminal, or -1.
+void LoadSimRack(const TempDir& dir, const std::string& extraIni = "");
+int SimDacIndex(const SimPort& port);
+int SimAdcIndex(const SimPort& port);

@@ -14,6 +14,7 @@
 #include <mutex>
 #include <sstream>
 #include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -146,6 +147,16 @@ void WriteWholeFile(const std::string& path, const std::string& text) {
 
 std::string SourcePath(const std::string& relative) {
     return std::string(VANTREL_SOURCE_DIR) + "/" + relative;
+}
+
+std::string UnwritableFolder(const TempDir& dir) {
+    if (geteuid() != 0) {
+        std::filesystem::create_directory(dir.File("locked"));
+        chmod(dir.File("locked").c_str(), 0555);
+        return dir.File("locked");
+    }
+    WriteWholeFile(dir.File("plain"), "");
+    return dir.File("plain/sub");
 }
 
 // Every test starts on the headless host with a clean record and checks that fail the test.

@@ -50,3 +50,11 @@ std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& text);
 // The folder of the sources, for shipped files under data/.
 std::string SourcePath(const std::string& relative);
+// A folder in dir where no file can be made: read-only for a normal user; for the superuser,
+// whom permissions don't stop, a folder under a regular file.
+std::string UnwritableFolder(const TempDir& dir);
+
+// Puts the instrument globals back at their built-in values: no driver and no cards, every
+// virtual current and voltage with its DAC state, averaging (and its array), AutoZero, the
+// delays and steps, the thermometer options and an empty calibration table.
+void ResetInstrumentDefaults();

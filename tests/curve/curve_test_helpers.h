@@ -3,6 +3,8 @@
 #include "curve/curve_memory.h"
 
 #include <initializer_list>
+#include <sstream>
+#include <string>
 
 // Lets n more curve allocations succeed, then makes them fail, until the scope ends.
 struct AllocationBudget {
@@ -26,4 +28,12 @@ inline Curve Ramp(unsigned n, const char* name = "") {
         c.GetPoint(i) = Point(float(i), float(10 * i));
     c.SetName(name);
     return c;
+}
+
+// The points in use as "x,y x,y ...", to compare a whole curve at once.
+inline std::string Pts(const Curve& c) {
+    std::ostringstream s;
+    for (unsigned i = 0; i < c.count; ++i)
+        s << (i ? " " : "") << c.points[i].x << "," << c.points[i].y;
+    return s.str();
 }

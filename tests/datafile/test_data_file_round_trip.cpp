@@ -1,8 +1,8 @@
 #include "data_file_fixture.h"
 
-#include <cmath>
-#include <cstring>
+#include <sys/stat.h>
 #include <tuple>
+#include <unistd.h>
 
 class RoundTrip : public DataFileTest,
                   public ::testing::WithParamInterface<std::tuple<int, int>> {};
@@ -17,23 +17,28 @@ TEST_P(RoundTrip, UnequalCurvesComeBackWhole) {
     gCurves.SetComment("first line\r\n\r\nthird line");
     gCurves.date = 1700000000;
     gCurves.timeSpent = 12.5f;
+    // The view's keys are written, and only the two flags are read back.
+    int32_t scaleAuto = 0, swap = 1, rescale = 0;
+    float xMin = -1, xMax = 2, yMin = 3, yMax = 4;
+    gDataFileLink = {&scaleAuto, &xMin, &xMax, &yMin, &yMax, &swap, &rescale, nullptr, nullptr};
     std::string dat = dir.File("run.dat");
     ASSERT_EQ(WriteDataPair(dat.c_str()), DATA_PAIR_DONE);
-    if (fSortCurves) {
-        EXPECT_STREQ(gCurves.GetCurve(0).name, "c1"); // sorted for good
-    }
-
+    EXPECT_NE(ReadWholeFile(dir.File("run.ini"))
+                  .find("[Setup]\r\nScaleAuto=0\r\nFixedViewScaleMinX=-1.000000\r\n"),
+              std::string::npos);
+    swap = 0;
+    xMin = 7;
+    EXPECT_STREQ(gCurves.GetCurve(0).name, fSortCurves ? "c1" : "c0"); // sorted for good
     gCurves.Reset();
     ASSERT_EQ(ReadDataPair(dat.c_str(), 0), DATA_PAIR_DONE) << Box();
     EXPECT_TRUE(HeadlessBoxes().empty());
     ASSERT_EQ(gCurves.count, 4u);
-    EXPECT_STREQ(gCurves.name, "IVC run");
-    EXPECT_STREQ(gCurves.designer, "Ann");
-    EXPECT_STREQ(gCurves.chipName, "chip 7");
-    EXPECT_STREQ(gCurves.comment, "first line\r\n\r\nthird line\r\n");
-    EXPECT_STREQ(gCurves.xUnits, "V");
-    EXPECT_EQ(gCurves.date, 1700000000);
-    EXPECT_FLOAT_EQ(gCurves.timeSpent, 12.5f);
+    const CurveFamily& f = gCurves;
+    EXPECT_EQ(std::string(f.name) + "|" + f.designer + "|" + f.chipName + "|" + f.comment + "|" +
+                  f.xUnits + "|" + std::to_string(f.date) + "|" + std::to_string(f.timeSpent),
+              "IVC run|Ann|chip 7|first line\r\n\r\nthird line\r\n|V|1700000000|12.500000");
+    EXPECT_EQ(std::to_string(swap) + std::to_string(scaleAuto) + std::to_string(xMin),
+              "117.000000");
     for (unsigned n = 0; n < 4; ++n) {
         const Curve& c = gCurves.GetCurve(n);
         unsigned i = c.name[1] - '0';
@@ -63,4 +68,52 @@ TEST_F(DataFileTest, TableCellsFollowWidthDelimiterAndSort) {
     ASSERT_EQ(WriteDataPair(dat.c_str()), 0);
     EXPECT_EQ(ReadWholeFile(dat), "  0.25,    -0,     0,    -0\r\n"
                                   "   1.2,-0.0015,\r\n");
+}
+
+// Each case saves one curve of 5 points over a pair of 2 points, changed as told. A .ini that
+// fills the disk is the profile writer's case.
+TEST_F(DataFileTest, EveryFailedWriteShowsOneBoxNamingItsFileAndClaimsNothing) {
+    using Prepare = void (*)(const std::string& dat, const std::string& ini);
+    const std::string full = "\nNo space left on device", locked = UnwritableFolder(dir);
+    const struct {
+        const char* name;
+        std::string folder;
+        Prepare prepare;
+        int result;
+        std::string box; // caption|text of the one box
+    } kCases[] = {
+        {"read-only ini", dir.Path(), [](auto&, auto& ini) { chmod(ini.c_str(), 0444); },
+         DATA_PAIR_SHORT,
+         "Can not delete old INI file|INI File marked as 'ReadOnly'Operaton will be aborted!"},
+        {"dat a folder", dir.Path(),
+         [](auto& dat, auto&) { ASSERT_EQ(remove(dat.c_str()) | mkdir(dat.c_str(), 0777), 0); },
+         DATA_PAIR_NO_DAT, "Vantrel|Error of Output to Data FileCan't open file"},
+        {"full dat", dir.Path(),
+         [](auto& dat, auto&) {
+             ASSERT_EQ(remove(dat.c_str()) | symlink("/dev/full", dat.c_str()), 0);
+         },
+         DATA_PAIR_NO_DAT, "Error|Can not write file\n" + dir.File("full dat.dat") + full},
+        {"locked", locked, nullptr, DATA_PAIR_SHORT,
+         "Error|Can not write file\n" + locked + "/locked.ini\n"},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.name);
+        std::string dat = c.folder + "/" + c.name + ".dat", ini = c.folder + "/" + c.name + ".ini";
+        Fill({2});
+        ASSERT_EQ(c.prepare ? WriteDataPair(dat.c_str()) : 0, DATA_PAIR_DONE);
+        std::string before = ReadWholeFile(dat);
+        if (c.prepare) c.prepare(dat, ini);
+        HeadlessReset();
+        Fill({5});
+        EXPECT_EQ(WriteDataPair(dat.c_str()), c.result);
+        ASSERT_EQ(HeadlessBoxes().size(), 1u) << Box(1);
+        EXPECT_EQ(Box().substr(0, c.box.size()), c.box);
+        EXPECT_EQ(HeadlessStatusText(0), ""); // no "Time spent" for a pair that is not there
+        // Failed at the .ini: the .dat is as it was, or not there. At the .dat: the .ini stays.
+        if (c.result == DATA_PAIR_SHORT) {
+            EXPECT_EQ(ReadWholeFile(dat), before);
+        } else {
+            EXPECT_NE(ReadWholeFile(ini).find("NumberOfPointsInCurve0=5"), std::string::npos);
+        }
+    }
 }

@@ -1,46 +1,57 @@
 #include "common/test_support.h"
+#include "platform/headless_host.h"
 #include "settings/profile.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <clocale>
+#include <unistd.h>
 
 namespace {
-const char* kHandWritten = "; settings written by hand\r\n"
-                           "[Setup]\r\n"
-                           "WindowPositionLeft = 12\r\n"
-                           "Name=\"quoted text\"\n"
-                           "; a comment=not a key\r\n"
-                           "\r\n"
-                           "[graphics]\r\n"
-                           "PenWidth=3\r\n"
-                           "Broken line without equals\r\n"
-                           "Ratio=?unset\r\n"
-                           "\r\n"
-                           "[SETUP]\r\n"
-                           "WindowPositionLeft=99\r\n";
+// Garbage, a long line and NULs around keys that can be read.
+const std::string kHandWritten =
+    "; settings written by hand\r\n\x01\xff\xfe[[[==]\r\n" + std::string(100000, 'x') +
+    "\r\n[Setup]\r\nWindowPositionLeft = 12\r\nName=\"quoted text\"\n; a comment=not a key\r\n"
+    "=novalue\r\n\r\n[graphics]\r\nPenWidth=3\r\nBroken line without equals\r\nRatio=?unset\r\n"
+    "q=?\r\nqs=?12\r\nneg=-7\r\nhuge=99999999999999999999\r\nlead=  3.5e2xyz\r\nempty=\r\n"
+    "same=1\r\nSAME=2\r\n\r\n[SETUP]\r\nWindowPositionLeft=99\r\n[Setup\r\n" +
+    std::string("\0\0\0", 3);
 } // namespace
 
-TEST(Profile, ReadsWithoutCaseAndTakesTheFirstSectionAndKey) {
+// Sections and keys without regard to case, the first of each; a value starting with "?"
+// counts as missing for the typed readers.
+TEST(Profile, ReadsWithoutCaseTakingTheFirstSectionAndKey) {
     TempDir dir;
     std::string ini = dir.File("vtl.ini");
     WriteWholeFile(ini, kHandWritten);
-    EXPECT_EQ(GetPrivateProfileInt("setup", "windowpositionleft", 0, ini.c_str()), 12);
-    EXPECT_EQ(GetPrivateProfileInt("Graphics", "PENWIDTH", 0, ini.c_str()), 3);
+    const char* f = ini.c_str();
+    const struct {
+        long got, want;
+    } kReads[] = {
+        {GetPrivateProfileInt("setup", "windowpositionleft", 0, f), 12},
+        {GetPrivateProfileInt("Graphics", "PENWIDTH", 0, f), 3},
+        {GetPrivateProfileInt("Graphics", "Broken line without equals", -4, f), -4},
+        {GetPrivateProfileInt("Graphics", "huge", 0, f), INT_MAX},
+        {GetPrivateProfileInt("Graphics", "same", 0, f), 1},
+        {GetPrivateProfileInt("Setup", "x", 5, dir.File("missing.ini").c_str()), 5},
+        {ReadProfileLong("Graphics", "PenWidth", 7, f), 3},
+        {ReadProfileLong("Nowhere", "PenWidth", 7, f), 7},
+        {ReadProfileLong("graphics", "Q", 4, f), 4},
+        {ReadProfileLong("Graphics", "neg", 0, f), -7},
+        {ReadProfileLong("Graphics", "empty", 9, f), 0}, // present but empty is not "?"
+        {long(ReadProfileDouble("Graphics", "Ratio", 2.5, f) * 10), 25},
+        {long(ReadProfileDouble("Graphics", "lead", 0, f)), 350},
+    };
+    for (size_t i = 0; i < std::size(kReads); ++i)
+        EXPECT_EQ(kReads[i].got, kReads[i].want) << "read " << i;
     char text[64];
-    EXPECT_EQ(GetPrivateProfileString("Setup", "Name", "", text, sizeof text, ini.c_str()), 11u);
+    EXPECT_EQ(GetPrivateProfileString("Setup", "Name", "", text, sizeof text, f), 11u);
     EXPECT_STREQ(text, "quoted text");
-    GetPrivateProfileString("Setup", "Name", "", text, 7, ini.c_str());
+    GetPrivateProfileString("Setup", "Name", "", text, 7, f);
     EXPECT_STREQ(text, "quoted");
-    GetPrivateProfileString("Setup", "; a comment", "dflt", text, sizeof text, ini.c_str());
+    GetPrivateProfileString("Setup", "; a comment", "dflt", text, sizeof text, f);
     EXPECT_STREQ(text, "dflt");
-    EXPECT_EQ(GetPrivateProfileInt("Graphics", "Broken line without equals", -4, ini.c_str()), -4);
-    // A value that starts with "?" counts as missing for the typed readers.
-    EXPECT_DOUBLE_EQ(ReadProfileDouble("Graphics", "Ratio", 2.5, ini.c_str()), 2.5);
-    EXPECT_EQ(ReadProfileLong("Graphics", "PenWidth", 7, ini.c_str()), 3);
-    EXPECT_EQ(ReadProfileLong("Nowhere", "PenWidth", 7, ini.c_str()), 7);
-    EXPECT_EQ(GetPrivateProfileInt("Setup", "x", 5, dir.File("missing.ini").c_str()), 5);
 }
 
 TEST(Profile, WriteReplacesInPlaceAndKeepsTheRest) {
@@ -49,15 +60,15 @@ TEST(Profile, WriteReplacesInPlaceAndKeepsTheRest) {
     WriteWholeFile(ini, kHandWritten);
     ASSERT_EQ(WritePrivateProfileString("SETUP", "windowPositionLeft", "40", ini.c_str()), 1);
     std::string after = ReadWholeFile(ini);
-    EXPECT_NE(after.find("[Setup]\r\nwindowPositionLeft=40\r\nName=\"quoted text\"\r\n"),
-              std::string::npos);
-    EXPECT_NE(after.find("; settings written by hand\r\n"), std::string::npos);
-    EXPECT_NE(after.find("Broken line without equals\r\n"), std::string::npos);
-    EXPECT_NE(after.find("[SETUP]\r\nWindowPositionLeft=99\r\n"), std::string::npos);
+    EXPECT_NE(after.find(std::string(100000, 'x')), std::string::npos);
+    for (const char* kept : {"[Setup]\r\nwindowPositionLeft=40\r\nName=\"quoted text\"\r\n",
+                             "; settings written by hand\r\n", "Broken line without equals\r\n",
+                             "[SETUP]\r\nWindowPositionLeft=99\r\n"})
+        EXPECT_NE(after.find(kept), std::string::npos) << kept;
     // A new key goes to the end of its section, before the blank line.
     WritePrivateProfileString("Graphics", "GraphSymbolSize", "5", ini.c_str());
-    after = ReadWholeFile(ini);
-    EXPECT_NE(after.find("Ratio=?unset\r\nGraphSymbolSize=5\r\n\r\n[SETUP]"), std::string::npos);
+    EXPECT_NE(ReadWholeFile(ini).find("SAME=2\r\nGraphSymbolSize=5\r\n\r\n[SETUP]"),
+              std::string::npos);
     // A new section goes to the end; null value deletes a key, null key a section.
     WritePrivateProfileString("Measure", "Delay", "10", ini.c_str());
     EXPECT_EQ(GetPrivateProfileInt("measure", "delay", 0, ini.c_str()), 10);
@@ -65,66 +76,52 @@ TEST(Profile, WriteReplacesInPlaceAndKeepsTheRest) {
     EXPECT_EQ(GetPrivateProfileInt("Graphics", "PenWidth", -1, ini.c_str()), -1);
     WritePrivateProfileString("Measure", nullptr, nullptr, ini.c_str());
     EXPECT_EQ(ReadWholeFile(ini).find("[Measure]"), std::string::npos);
-    // Writing to a missing file creates it with CR LF lines.
+    // Writing to a missing file creates it with CR LF lines, numbers in the C locale.
     std::string fresh = dir.File("fresh.ini");
-    WritePrivateProfileString("A", "k", "v", fresh.c_str());
-    EXPECT_EQ(ReadWholeFile(fresh), "[A]\r\nk=v\r\n");
-}
-
-TEST(Profile, NumbersUseTheCLocaleAndBatchesWriteOnce) {
-    TempDir dir;
-    std::string ini = dir.File("vtl.ini");
-    const char* old = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
-    WriteProfileDouble("Measure", "Step", "%g", 0.25, ini.c_str());
-    EXPECT_DOUBLE_EQ(ReadProfileDouble("Measure", "Step", 0, ini.c_str()), 0.25);
+    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    WriteProfileDouble("A", "k", "%g", 0.25, fresh.c_str());
+    EXPECT_DOUBLE_EQ(ReadProfileDouble("A", "k", 0, fresh.c_str()), 0.25);
     std::setlocale(LC_NUMERIC, "C");
-    (void)old;
-    EXPECT_NE(ReadWholeFile(ini).find("Step=0.25"), std::string::npos);
-    {
-        ProfileBatch batch(ini.c_str());
-        WriteProfileInt("Measure", "Points", "%u", 100, ini.c_str());
-        WriteProfileLong("Measure", "Total", "%ld", -5L, ini.c_str());
-        EXPECT_EQ(GetPrivateProfileInt("Measure", "Points", 0, ini.c_str()), 100);
-        // Nothing reaches the disk before the batch ends.
-        EXPECT_EQ(ReadWholeFile(ini).find("Points"), std::string::npos);
+    EXPECT_EQ(ReadWholeFile(fresh), "[A]\r\nk=0.25\r\n");
+}
+
+// Batches nest; only the last one to end writes, once, and only it can fail. A failed write
+// shows one box naming the file, leaves the old file as it was and nothing beside it.
+TEST(Profile, BatchesWriteOnceAndReportAWriteThatFails) {
+    TempDir dir;
+    const std::string locked = UnwritableFolder(dir) + "/vtl.ini", full = dir.File("full.ini");
+    WriteWholeFile(full, "[Measure]\r\nPoints=1\r\n");
+    ASSERT_EQ(symlink("/dev/full", (full + ".tmp" + std::to_string(getpid())).c_str()), 0);
+    const std::string box = "Error|Can not write file\n";
+    const struct {
+        std::string file, box; // the box: caption|text
+        int result;
+    } kCases[] = {
+        {dir.File("vtl.ini"), "", 1},
+        {full, box + full + "\nNo space left on device", 0},
+        {locked, box + locked + (geteuid() ? "\nPermission denied" : "\nNot a directory"), 0}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.file);
+        HeadlessReset();
+        std::string before = ReadWholeFile(c.file);
+        const char* f = c.file.c_str();
+        ProfileBatch outer(f);
+        {
+            ProfileBatch inner(f);
+            WriteProfileInt("Measure", "Points", "%u", 100, f);
+            WriteProfileLong("Measure", "Total", "%ld", -5L, f);
+            EXPECT_EQ(GetPrivateProfileInt("Measure", "Points", 0, f), 100);
+            EXPECT_EQ(inner.End(), 1);
+        }
+        EXPECT_EQ(ReadWholeFile(c.file), before); // nothing before the last batch ends
+        EXPECT_EQ(outer.End(), c.result);
+        EXPECT_EQ(ReadProfileLong("Measure", "Total", 0, f), c.result ? -5 : 0);
+        std::vector<HeadlessBox> boxes = HeadlessBoxes();
+        EXPECT_EQ(boxes.size(), c.result ? 0u : 1u);
+        EXPECT_EQ(boxes.empty() ? "" : boxes[0].caption + "|" + boxes[0].text, c.box);
     }
-    EXPECT_EQ(GetPrivateProfileInt("Measure", "Points", 0, ini.c_str()), 100);
-    EXPECT_EQ(ReadProfileLong("Measure", "Total", 0, ini.c_str()), -5);
-}
-
-TEST(Profile, AFailedWriteReportsZeroAndLeavesNoFile) {
-    TempDir dir;
-    std::string ini = dir.File("no-such-folder/vtl.ini");
-    EXPECT_EQ(WritePrivateProfileString("A", "k", "2", ini.c_str()), 0);
-    EXPECT_EQ(GetPrivateProfileInt("A", "k", -1, ini.c_str()), -1);
-}
-
-TEST(Profile, GarbageAndLongLinesLoadWithoutHarm) {
-    TempDir dir;
-    std::string ini = dir.File("vtl.ini");
-    std::string junk = std::string("\x01\xff\xfe[[[==]\r\n") + std::string(100000, 'x') +
-                       "\r\n[Setup]\r\nGood=7\r\n=novalue\r\n[Setup\r\n";
-    junk += std::string("\0\0\0", 3);
-    WriteWholeFile(ini, junk);
-    EXPECT_EQ(GetPrivateProfileInt("Setup", "Good", 0, ini.c_str()), 7);
-    WritePrivateProfileString("Setup", "Good", "8", ini.c_str());
-    std::string after = ReadWholeFile(ini);
-    EXPECT_NE(after.find(std::string(100000, 'x')), std::string::npos);
-    EXPECT_NE(after.find("Good=8"), std::string::npos);
-    EXPECT_EQ(GetPrivateProfileInt("Setup", "Good", 0, ini.c_str()), 8);
-}
-
-TEST(Profile, TypedReadersTakeQuestionMarkAsMissingAndClampRange) {
-    TempDir dir;
-    std::string ini = dir.File("vtl.ini");
-    WriteWholeFile(ini, "[A]\nq=?\nqs=?12\nneg=-7\nhuge=99999999999999999999\n"
-                        "lead=  3.5e2xyz\nempty=\nsame=1\nSAME=2\n[a]\nsame=3\n");
-    EXPECT_EQ(ReadProfileLong("a", "Q", 4, ini.c_str()), 4);
-    EXPECT_EQ(ReadProfileLong("A", "qs", 4, ini.c_str()), 4);
-    EXPECT_DOUBLE_EQ(ReadProfileDouble("A", "qs", 1.5, ini.c_str()), 1.5);
-    EXPECT_EQ(ReadProfileLong("A", "neg", 0, ini.c_str()), -7);
-    EXPECT_DOUBLE_EQ(ReadProfileDouble("A", "lead", 0, ini.c_str()), 350.0);
-    EXPECT_EQ(GetPrivateProfileInt("A", "huge", 0, ini.c_str()), INT_MAX);
-    EXPECT_EQ(ReadProfileLong("A", "empty", 9, ini.c_str()), 0); // present but empty is not "?"
-    EXPECT_EQ(GetPrivateProfileInt("A", "same", 0, ini.c_str()), 1);
+    EXPECT_EQ(access((full + ".tmp" + std::to_string(getpid())).c_str(), F_OK), -1);
+    // A write outside a batch only gives its result.
+    EXPECT_EQ(WritePrivateProfileString("A", "k", "2", locked.c_str()), 0);
+    EXPECT_EQ(HeadlessBoxes().size(), 1u);
 }

@@ -6,60 +6,56 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
+#include <tuple>
 
 namespace {
 
-FakeCard MultifunctionCard() {
-    FakeCard c;
-    c.slot = 1;
-    c.id = 204;
-    c.adcBits = 16;
-    c.adcChannels = {{0, 15}};
-    c.gains = {0.5f, 1, 2, 5, 10, 20, 50, 100};
-    c.dacChannels = 2;
-    c.dacBits = 16;
-    return c;
+const FakeCard kMultifunction{.slot = 1,
+                              .id = 204,
+                              .adcBits = 16,
+                              .adcChannels = {{0, 15}},
+                              .gains = {0.5f, 1, 2, 5, 10, 20, 50, 100},
+                              .dacChannels = 2,
+                              .dacBits = 16};
+const FakeCard kOutputs{.slot = 3, .id = 300, .dacChannels = 8, .dacSigned = false};
+
+FakeCard Inputs(i16 slot, int bits = 16, bool isSigned = true) {
+    return FakeCard{.slot = slot,
+                    .id = 400 + static_cast<u32>(slot),
+                    .adcBits = bits,
+                    .adcSigned = isSigned,
+                    .adcChannels = {{0, 7}}};
 }
 
-FakeCard OutputCard() {
-    FakeCard c;
-    c.slot = 3;
-    c.id = 300;
-    c.dacChannels = 8;
-    c.dacSigned = false;
-    return c;
+// Readings min, zero and max, the zero shift, volts min and max.
+template <class Card> auto Limits(const Card& c) {
+    return std::tuple(c.MinReading, c.ZeroReading, c.MaxReading, c.ZeroShift, c.MinVoltage,
+                      c.MaxVoltage);
 }
 
-FakeCard InputCard(i16 slot, int bits, bool isSigned) {
-    FakeCard c;
-    c.slot = slot;
-    c.id = 400 + static_cast<u32>(slot);
-    c.adcBits = bits;
-    c.adcSigned = isSigned;
-    c.adcChannels = {{0, 7}};
-    return c;
-}
+constexpr double k12BitTop = 9.9951171875;
 
 class CardDetection : public ::testing::Test {
   protected:
     void SetUp() override {
+        ResetInstrumentDefaults();
         gRack = FakeRack();
         SetDaqDriver(&kFakeDriver);
-        HeadlessReset();
     }
-    void TearDown() override {
-        SetDaqDriver(nullptr);
-        ResetCards();
-    }
+    void TearDown() override { ResetInstrumentDefaults(); }
     int Detect() { return DetectCards(report, sizeof report, dir.Path().c_str()); }
+    bool ReportHas(const std::string& text) const {
+        return std::string(report).find(text) != std::string::npos;
+    }
 
     TempDir dir;
     char report[kCardsReportSize] = {};
 };
 
 TEST_F(CardDetection, ReportOfOneRackWordForWord) {
-    gRack.cards = {MultifunctionCard(), OutputCard()};
+    gRack.cards = {kMultifunction, kOutputs};
     WriteWholeFile(dir.File("nidaq.ini"), "[204]\nname=PCI-MIO-16XE-10\n");
     EXPECT_EQ(Detect(), 0);
     EXPECT_STREQ(report,
@@ -72,15 +68,10 @@ TEST_F(CardDetection, ReportOfOneRackWordForWord) {
                  "  DAC:   2 channels, Reading=[0,32768,65535], DAC Voltage=[-10.000000,9.999695]\n"
                  "Slot #03: Card-ID:300, Name:300\n"
                  "  DAC:   8 channels, Reading=[0,2048,4095], DAC Voltage=[-10.000000,9.995117]\n");
-    ASSERT_EQ(AdcCardsCount, 1);
-    ASSERT_EQ(DacCardsCount, 2);
-    EXPECT_EQ(AdcCards[0].ZeroShift, 32768);
-    EXPECT_EQ(AdcCards[0].name, "PCI-MIO-16XE-10");
-    EXPECT_EQ(DacCards[0].ZeroShift, 32768);
-    EXPECT_EQ(DacCards[1].ZeroShift, 0);
-    EXPECT_EQ(DacCards[1].ZeroReading, 2048);
-    EXPECT_DOUBLE_EQ(DacCards[1].MaxVoltage, 9.9951171875);
-
+    ASSERT_EQ(std::tuple(AdcCardsCount, DacCardsCount), std::tuple(1, 2));
+    EXPECT_EQ(std::tuple(AdcCards[0].ZeroShift, AdcCards[0].name, DacCards[0].ZeroShift),
+              std::tuple(32768, "PCI-MIO-16XE-10", 32768));
+    EXPECT_EQ(Limits(DacCards[1]), std::tuple(0, 2048, 4095, 0, -10.0, k12BitTop));
     char text[256];
     DescribeDacs(text, sizeof text);
     EXPECT_STREQ(text,
@@ -92,226 +83,161 @@ TEST_F(CardDetection, ReportOfOneRackWordForWord) {
 }
 
 TEST_F(CardDetection, ReadingLimitsFollowTheProbes) {
-    gRack.cards = {InputCard(1, 12, true), InputCard(2, 12, false), InputCard(4, 16, false),
-                   OutputCard()};
+    FakeCard noAiVScale = Inputs(5, 12, false); // DAQ_VScale stands in for AI_VScale
+    noAiVScale.aiVScaleMissing = true;
+    gRack.cards = {Inputs(1, 12), Inputs(2, 12, false), Inputs(4, 16, false), noAiVScale, kOutputs};
     EXPECT_EQ(Detect(), 0);
-    ASSERT_EQ(AdcCardsCount, 3);
-    EXPECT_EQ(AdcCards[0].MaxReading, 4095);
-    EXPECT_EQ(AdcCards[0].ZeroReading, 2048);
-    EXPECT_EQ(AdcCards[0].ZeroShift, 2048);
-    EXPECT_DOUBLE_EQ(AdcCards[0].MinVoltage, -10.0);
-    EXPECT_DOUBLE_EQ(AdcCards[0].MaxVoltage, 9.9951171875);
-    EXPECT_EQ(AdcCards[1].ZeroShift, 0);
-    EXPECT_DOUBLE_EQ(AdcCards[1].MinVoltage, -10.0);
-    EXPECT_EQ(AdcCards[2].MaxReading, 65535);
-    EXPECT_EQ(AdcCards[2].ZeroShift, 0);
+    ASSERT_EQ(AdcCardsCount, 4);
+    EXPECT_EQ(Limits(AdcCards[0]), std::tuple(0, 2048, 4095, 2048, -10.0, k12BitTop));
+    EXPECT_EQ(Limits(AdcCards[1]), std::tuple(0, 2048, 4095, 0, -10.0, k12BitTop));
+    EXPECT_EQ(std::tuple(AdcCards[2].MaxReading, AdcCards[2].ZeroShift), std::tuple(65535, 0));
+    EXPECT_EQ(Limits(AdcCards[3]), Limits(AdcCards[1]));
+    EXPECT_EQ(ChannelCount(AdcCards[3]), 8);
+    EXPECT_GT(gRack.daqVScaleCalls, 0);
     EXPECT_EQ(DacCards[0].slot, 3);
 }
 
-TEST_F(CardDetection, DaqVScaleStandsInForMissingAiVScale) {
-    FakeCard card = InputCard(1, 12, false);
-    card.aiVScaleMissing = true;
-    gRack.cards = {card, OutputCard()};
-    EXPECT_EQ(Detect(), 0);
-    EXPECT_GT(gRack.daqVScaleCalls, 0);
-    ASSERT_EQ(AdcCardsCount, 1);
-    EXPECT_EQ(ChannelCount(AdcCards[0]), 8);
-    EXPECT_EQ(AdcCards[0].ZeroShift, 0);
-    EXPECT_DOUBLE_EQ(AdcCards[0].MaxVoltage, 9.9951171875);
-}
-
-TEST_F(CardDetection, ChannelGapGivesTwoRangesAndChannel255NeverCounts) {
-    FakeCard card = InputCard(1, 16, true);
+TEST_F(CardDetection, ChannelRangesGapsAndWrap) {
+    FakeCard card = Inputs(1), wraps = Inputs(2);
     card.adcChannels = {{0, 3}, {8, 11}, {250, 255}};
-    gRack.cards = {card, OutputCard()};
+    wraps.adcChannels = {{2, 3}, {6, 6}};
+    gRack.cards = {card, wraps, kOutputs};
     EXPECT_EQ(Detect(), 0);
     AdcCard& adc = AdcCards[0];
     ASSERT_EQ(adc.channels.ranges.size(), 3u);
-    EXPECT_EQ(adc.channels.ranges[1].first, 8);
-    EXPECT_EQ(adc.channels.ranges[2].last, 254);
-    EXPECT_EQ(ChannelCount(adc), 13);
+    EXPECT_EQ(std::tuple(adc.channels.ranges[1].first, adc.channels.ranges[2].last),
+              std::tuple(8, 254));
+    EXPECT_EQ(ChannelCount(adc), 13); // channel 255 never counts
+    EXPECT_FALSE(HasChannel(adc, 255));
     u16 physical = 0, logical = 0;
     EXPECT_TRUE(PhysicalFromLogical(adc, 4, &physical));
-    EXPECT_EQ(physical, 8);
     EXPECT_TRUE(LogicalFromPhysical(adc, 9, &logical));
-    EXPECT_EQ(logical, 5);
+    EXPECT_EQ(std::tuple(physical, logical), std::tuple(8, 5));
     EXPECT_FALSE(PhysicalFromLogical(adc, 13, &physical));
     EXPECT_FALSE(LogicalFromPhysical(adc, 5, &logical));
-    EXPECT_FALSE(HasChannel(adc, 255));
     for (u16 i = 0; i < ChannelCount(adc); ++i) {
         ASSERT_TRUE(PhysicalFromLogical(adc, i, &physical));
         ASSERT_TRUE(LogicalFromPhysical(adc, physical, &logical));
         EXPECT_EQ(logical, i);
     }
+    // The next channel wraps to the first range; the first channel starts over.
+    std::vector<int> order{FirstChannel(AdcCards[1])};
+    for (int k = 0; k < 4; ++k)
+        order.push_back(NextChannel(AdcCards[1]));
+    order.push_back(FirstChannel(AdcCards[1]));
+    EXPECT_EQ(order, (std::vector<int>{2, 3, 6, 2, 3, 2}));
 }
 
-TEST_F(CardDetection, DecibelCard) {
-    FakeCard card = InputCard(1, 16, true);
-    card.gains = {0, 20, 40};
-    gRack.cards = {card, OutputCard()};
+TEST_F(CardDetection, GainsFromTheProbesAndFromNidaqIni) {
+    // Card 5 misses channel 0: every gain probe fails, the channel probe still finds it.
+    FakeCard decibels = Inputs(1), noGains = Inputs(5);
+    decibels.gains = {0, 20, 40};
+    noGains.adcChannels = {{1, 7}};
+    gRack.cards = {decibels, Inputs(2), Inputs(4), noGains, Inputs(6), kOutputs};
+    WriteWholeFile(dir.File("nidaq.ini"), "[402]\ngains=1, 10;100\n"
+                                          "[404]\ngains=20 0:40\nlogGains=0\n"
+                                          "[406]\ngains=1,2,abc,5\n");
     EXPECT_EQ(Detect(), 0);
-    EXPECT_EQ(AdcCards[0].logGains, 1);
-    EXPECT_EQ(AdcCards[0].gains, (std::vector<f32>{0, 20, 40}));
-    EXPECT_NE(std::string(report).find(
-                  "  Number of gains:3 (0,20,40) Scale:Log (Source:autodetection, nidaq.ini is "
-                  "wrong/incomplete)\n"),
-              std::string::npos);
+    ASSERT_EQ(AdcCardsCount, 5);
+    EXPECT_EQ(std::tuple(AdcCards[0].logGains, AdcCards[0].gains),
+              std::tuple(1, std::vector<f32>{0, 20, 40}));
     EXPECT_TRUE(HasGain(AdcCards[0], 20));
     EXPECT_FALSE(HasGain(AdcCards[0], 10));
-    EXPECT_EQ(GainCode(0.5f), -1);
-    EXPECT_EQ(GainCode(0.01f), -10);
-    EXPECT_EQ(GainCode(-20.0f), -20);
-}
-
-TEST_F(CardDetection, GainsFromNidaqIni) {
-    // Channel 0 missing: every gain probe fails, the channel probe still finds a card.
-    FakeCard noGains = InputCard(5, 16, true);
-    noGains.adcChannels = {{1, 7}};
-    gRack.cards = {InputCard(1, 16, true), InputCard(2, 16, true), noGains, OutputCard()};
-    WriteWholeFile(dir.File("nidaq.ini"), "[401]\ngains=1, 10;100\n"
-                                          "[402]\ngains=20 0:40\nlogGains=0\n");
-    EXPECT_EQ(Detect(), 0);
-    ASSERT_EQ(AdcCardsCount, 3);
-    EXPECT_EQ(AdcCards[0].gains, (std::vector<f32>{1, 10, 100}));
-    EXPECT_EQ(AdcCards[1].gains, (std::vector<f32>{20, 0, 40}));
-    EXPECT_EQ(AdcCards[1].logGains, 1);
-    EXPECT_EQ(AdcCards[2].gains, (std::vector<f32>{1}));
-    std::string text = report;
-    EXPECT_NE(text.find("(Source:autodetection, nidaq.ini has the same data or nothing)"),
-              std::string::npos);
-    EXPECT_NE(text.find("(20,0,40) Scale:Log (Source:nidaq.ini)"), std::string::npos);
-    EXPECT_NE(text.find("(1) Scale:Lin (Source:nidaq.ini is wrong/incomplete, autodetection "
-                        "n/a)"),
-              std::string::npos);
-}
-
-TEST_F(CardDetection, GainListStopsAtTheFirstPieceThatIsNoNumber) {
-    gRack.cards = {InputCard(1, 16, true), OutputCard()};
-    WriteWholeFile(dir.File("nidaq.ini"), "[401]\ngains=1,2,abc,5\n");
-    EXPECT_EQ(Detect(), 0);
-    EXPECT_EQ(AdcCards[0].gains, (std::vector<f32>{1, 2}));
+    EXPECT_EQ((std::vector<int>{GainCode(0.5f), GainCode(0.01f), GainCode(-20.0f)}),
+              (std::vector<int>{-1, -10, -20}));
+    EXPECT_EQ(AdcCards[1].gains, (std::vector<f32>{1, 10, 100}));
+    EXPECT_EQ(std::tuple(AdcCards[2].logGains, AdcCards[2].gains),
+              std::tuple(1, std::vector<f32>{20, 0, 40}));
+    EXPECT_EQ(AdcCards[3].gains, (std::vector<f32>{1}));
+    EXPECT_EQ(AdcCards[4].gains, (std::vector<f32>{1, 2})); // the list stops at "abc"
+    EXPECT_TRUE(ReportHas("  Number of gains:3 (0,20,40) Scale:Log (Source:autodetection, "
+                          "nidaq.ini is wrong/incomplete)\n"));
+    EXPECT_TRUE(ReportHas("(Source:autodetection, nidaq.ini has the same data or nothing)"));
+    EXPECT_TRUE(ReportHas("(20,0,40) Scale:Log (Source:nidaq.ini)"));
+    EXPECT_TRUE(ReportHas("(1) Scale:Lin (Source:nidaq.ini is wrong/incomplete, autodetection "
+                          "n/a)"));
 }
 
 TEST_F(CardDetection, ReadingsFromNidaqIniOnlyAsAConsistentSet) {
-    gRack.cards = {InputCard(1, 16, true), InputCard(2, 16, true), OutputCard()};
+    gRack.cards = {Inputs(1), Inputs(2), kOutputs};
     WriteWholeFile(dir.File("nidaq.ini"),
                    "[401]\nADC.MinReading=100\nADC.ZeroReading=100\nADC.MaxReading=200\n"
                    "ADC.ZeroShift=7\n"
                    "[402]\nADC.MinReading=16\nADC.ZeroReading=32768\nADC.MaxReading=65519\n");
     EXPECT_EQ(Detect(), 0);
-    EXPECT_EQ(AdcCards[0].MinReading, 0);
-    EXPECT_EQ(AdcCards[0].ZeroReading, 32768);
-    EXPECT_EQ(AdcCards[0].MaxReading, 65535);
-    EXPECT_EQ(AdcCards[0].ZeroShift, 32768);
-    EXPECT_EQ(AdcCards[1].MinReading, 16);
-    EXPECT_EQ(AdcCards[1].MaxReading, 65519);
-    EXPECT_DOUBLE_EQ(AdcCards[1].MinVoltage, (16 - 32768) * 10.0 / 32768);
+    EXPECT_EQ(std::tuple(AdcCards[0].MinReading, AdcCards[0].ZeroReading, AdcCards[0].MaxReading,
+                         AdcCards[0].ZeroShift),
+              std::tuple(0, 32768, 65535, 32768));
+    EXPECT_EQ(std::tuple(AdcCards[1].MinReading, AdcCards[1].MaxReading, AdcCards[1].MinVoltage),
+              std::tuple(16, 65519, (16 - 32768) * 10.0 / 32768));
 }
 
 TEST_F(CardDetection, ScxiModuleIsAnOutputWithFixedLimits) {
-    FakeCard module;
-    module.chassis = 1;
-    module.slot = 2;
-    module.id = 42;
-    module.dacChannels = 6;
+    FakeCard module{.chassis = 1, .slot = 2, .id = 42, .dacChannels = 6};
     FakeCard unknown = module;
     unknown.slot = 3;
     unknown.id = 43;
-    gRack.cards = {InputCard(1, 16, true), module, unknown};
+    gRack.cards = {Inputs(1), module, unknown};
     gRack.scxiChassis = 1;
     WriteWholeFile(dir.File("SCXI.ini"), "[42]\nname=SCXI-1124\n");
     EXPECT_EQ(Detect(), 0);
-    ASSERT_EQ(DacCardsCount, 2);
-    EXPECT_EQ(AdcCardsCount, 1);
-    const DacCard& dac = DacCards[0];
-    EXPECT_EQ(dac.chassis, 1);
-    EXPECT_EQ(dac.channelCount, 6);
-    EXPECT_DOUBLE_EQ(dac.MaxVoltage, 9.9951171875);
-    EXPECT_EQ(dac.ZeroReading, 2048);
-    EXPECT_EQ(dac.MaxReading, 4095);
-    EXPECT_EQ(DacCards[1].name, "???");
-    EXPECT_NE(std::string(report).find("SCXI_Chassis #01: addr= 5, contains 4 slots\n"
-                                       "  module in slot # 2: name=SCXI-1124 [ID=42]\n"
-                                       "  DAC:   6 channels, Reading=[0,2048,4095], DAC "
-                                       "Voltage=[-10.000000,9.995117]\n"
-                                       "  module in slot # 3: name=??? [ID=43]\n"),
-              std::string::npos);
+    ASSERT_EQ(std::tuple(DacCardsCount, AdcCardsCount), std::tuple(2, 1));
+    EXPECT_EQ(std::tuple(DacCards[0].chassis, DacCards[0].channelCount, DacCards[1].name),
+              std::tuple(1, 6, "???"));
+    EXPECT_EQ(Limits(DacCards[0]), std::tuple(0, 2048, 4095, 0, -10.0, k12BitTop));
+    EXPECT_TRUE(ReportHas("SCXI_Chassis #01: addr= 5, contains 4 slots\n"
+                          "  module in slot # 2: name=SCXI-1124 [ID=42]\n"
+                          "  DAC:   6 channels, Reading=[0,2048,4095], DAC "
+                          "Voltage=[-10.000000,9.995117]\n"
+                          "  module in slot # 3: name=??? [ID=43]\n"));
 }
 
 TEST_F(CardDetection, MissingKindsGiveResultAndStartupMessage) {
     char text[512];
-    gRack.cards = {OutputCard()};
+    gRack.cards = {kOutputs};
     EXPECT_EQ(Detect(), 2);
     CardsStartupMessage(2, "vantrel", text, sizeof text);
     EXPECT_STREQ(text, "At least one DAC and one ADC card are required\nto run Vantrel. In your "
                        "system you have:\n[ ] no DACs\n[x] no ADCs\nvantrel will show detailed "
                        "info in the next window and exit.");
-    gRack.cards = {InputCard(1, 12, true)};
+    gRack.cards = {Inputs(1, 12)};
     EXPECT_EQ(Detect(), 1);
     EXPECT_EQ(AdcCardsCount, 1);
     gRack.cards = {};
     EXPECT_EQ(Detect(), 1);
     CardsStartupMessage(1, "vantrel", text, sizeof text);
     EXPECT_NE(std::string(text).find("[x] no DACs\n[ ] no ADCs\n"), std::string::npos);
-
-    ShowCardsStartupFailure(nullptr, 1, "vantrel", report);
-    auto boxes = HeadlessBoxes();
-    ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].caption, "DAC/ADC Initialization Error");
-    EXPECT_EQ(boxes[1].caption, "Detected NIDAQ Cards");
-    EXPECT_EQ(boxes[1].text, report);
-}
-
-TEST_F(CardDetection, NoneDriverFindsNothing) {
+    // The none driver finds nothing.
     SetDaqDriver(nullptr);
     EXPECT_STREQ(Daq().name, "none");
     EXPECT_EQ(Detect(), 1);
     EXPECT_STREQ(report, "Get_NI_DAQ_Version() failed\n\n");
 }
 
-TEST_F(CardDetection, NextChannelWrapsToTheFirstRange) {
-    FakeCard card = InputCard(1, 16, true);
-    card.adcChannels = {{2, 3}, {6, 6}};
-    gRack.cards = {card, OutputCard()};
-    ASSERT_EQ(Detect(), 0);
-    AdcCard& adc = AdcCards[0];
-    EXPECT_EQ(FirstChannel(adc), 2);
-    EXPECT_EQ(NextChannel(adc), 3);
-    EXPECT_EQ(NextChannel(adc), 6);
-    EXPECT_EQ(NextChannel(adc), 2);
-    EXPECT_EQ(NextChannel(adc), 3);
-    EXPECT_EQ(FirstChannel(adc), 2);
-}
-
-} // namespace
-
-namespace {
-
-std::string Drain(std::FILE* file) {
-    std::rewind(file);
-    std::string text;
-    for (int c; (c = std::fgetc(file)) != EOF;)
-        text += static_cast<char>(c);
-    std::fclose(file);
-    return text;
-}
-
 TEST_F(CardDetection, PrintedReportGoesToOutOrWithTheMessageToErr) {
-    gRack.cards = {MultifunctionCard()};
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    EXPECT_EQ(PrintCardsReport(dir.Path().c_str(), "vantrel-cli", out, err), 0);
-    EXPECT_EQ(Drain(out).rfind("NI-DAQ version 0612 detected.\nSlot #01: Card-ID:204", 0), 0u);
-    EXPECT_EQ(Drain(err), "");
-    gRack.cards = {OutputCard()};
-    out = std::tmpfile();
-    err = std::tmpfile();
-    EXPECT_EQ(PrintCardsReport(dir.Path().c_str(), "vantrel-cli", out, err), 2);
-    EXPECT_EQ(Drain(out), "");
-    std::string text = Drain(err);
-    EXPECT_EQ(text.rfind("DAC/ADC Initialization Error:\nAt least one DAC", 0), 0u);
-    EXPECT_NE(text.find("[x] no ADCs\nvantrel-cli will show detailed info in the next window and "
-                        "exit.\n\nDetected NIDAQ Cards:\nNI-DAQ version 0612 detected.\n"),
+    auto print = [this](int expected) {
+        std::FILE* files[2] = {std::tmpfile(), std::tmpfile()};
+        EXPECT_EQ(PrintCardsReport(dir.Path().c_str(), "vantrel-cli", files[0], files[1]),
+                  expected);
+        std::string text[2];
+        for (int k = 0; k < 2; ++k) {
+            std::rewind(files[k]);
+            for (int c; (c = std::fgetc(files[k])) != EOF;)
+                text[k] += static_cast<char>(c);
+            std::fclose(files[k]);
+        }
+        return std::pair(text[0], text[1]);
+    };
+    gRack.cards = {kMultifunction};
+    auto [out, err] = print(0);
+    EXPECT_EQ(out.rfind("NI-DAQ version 0612 detected.\nSlot #01: Card-ID:204", 0), 0u);
+    EXPECT_EQ(err, "");
+    gRack.cards = {kOutputs};
+    std::tie(out, err) = print(2);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.rfind("DAC/ADC Initialization Error:\nAt least one DAC", 0), 0u);
+    EXPECT_NE(err.find("[x] no ADCs\nvantrel-cli will show detailed info in the next window and "
+                       "exit.\n\nDetected NIDAQ Cards:\nNI-DAQ version 0612 detected.\n"),
               std::string::npos);
 }
 

@@ -1,27 +1,18 @@
 // The simulated rack as the tests of the virtual channels use it: a stepped clock and a fixed
-// seed, cards detected, every channel record back at its defaults, averaging 1.
+// seed, cards detected, every instrument global at its default.
 #pragma once
-#include "common/test_support.h"
-#include "instrument/daq/sim_config.h"
+#include "common/panel_rack.h"
 #include "instrument/daq/sim_driver.h"
 
-#include <string>
 #include <vector>
 
 class SimRack {
   public:
-    explicit SimRack(const std::string& extraIni = "");
-    ~SimRack();
-    SimRack(const SimRack&) = delete;
-    SimRack& operator=(const SimRack&) = delete;
-
+    // Wires the shipped sample when asked: sweep1 bias (monitored), sweep2 coil, signals J1, J2,
+    // array on voltages 0 to 2.
+    explicit SimRack(bool wire = false);
+    ~SimRack() { ResetInstrumentDefaults(); }
     const TempDir& Dir() const { return dir_; }
-    // Table indices of the card behind a simulated terminal.
-    static int DacOf(const SimPort& port);
-    static int AdcOf(const SimPort& port);
-
-    // Wires the shipped sample: sweep1 bias (monitored), sweep2 coil, signals J1, J2, array.
-    static void WireSample();
     enum { kBias = 0, kCoil = 1, kJ1 = 0, kJ2 = 1, kArray = 2 };
 
   private:

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -15,54 +16,46 @@ namespace {
 
 const int kSignals[] = {kSigJ1, kSigJ2, kSigArray};
 
-// The offset a voltage shows at zero current: amplifier offset at the card, thermo-EMF at the
-// sample, both brought to the sample.
-double ConfiguredOffset(int k) {
-    const SimInputConfig& in = SimDaqConfig().inputs[kSignals[k]];
-    return in.offset / in.gain + in.thermoEmf;
+// One bit of voltage k, and the noise of a mean of 64 samples, both at the sample.
+double Bit(int k) {
+    return VoltsFromBits(1.0f, k) - VoltsFromBits(0.0f, k);
 }
-double SigmaOfMean(int k, u32 n) {
-    return SimDaqConfig().noiseSigma / SimDaqConfig().inputs[kSignals[k]].gain / std::sqrt(n);
-}
-double Bit(int v) {
-    return VoltsFromBits(1.0f, v) - VoltsFromBits(0.0f, v);
+double Sigma(int k) {
+    return SimDaqConfig().noiseSigma / SimDaqConfig().inputs[kSignals[k]].gain / 8;
 }
 
 } // namespace
 
 TEST(AutoZero, ZeroCurrentReadsOffsetsWithoutAndZeroWith) {
-    SimRack rack;
-    SimRack::WireSample();
-    const u32 n = 64;
-    GetVoltageAveragingTimes = n;
+    SimRack rack(true);
+    GetVoltageAveragingTimes = 64;
     ResizeAveragingArray();
     for (int k = 0; k < 3; ++k) {
-        const double offset = ConfiguredOffset(k);
-        EXPECT_GT(std::fabs(offset), 10 * SigmaOfMean(k, n) + Bit(k)) << k;
-        EXPECT_NEAR(offset, GetVoltage(k).volts, 3 * SigmaOfMean(k, n) + Bit(k)) << k;
+        // Amplifier offset at the card and thermo-EMF at the sample, both brought to the sample.
+        const SimInputConfig& in = SimDaqConfig().inputs[kSignals[k]];
+        const double offset = in.offset / in.gain + in.thermoEmf;
+        EXPECT_GT(std::fabs(offset), 10 * Sigma(k) + Bit(k)) << k;
+        EXPECT_NEAR(offset, GetVoltage(k).volts, 3 * Sigma(k) + Bit(k)) << k;
     }
     SetCurrent(40000, SimRack::kBias);
     EXPECT_EQ(1, DoAutoZero(1));
     EXPECT_EQ(40000u, DacState[SimRack::kBias]); // the currents come back
     SetCurrent(32768, SimRack::kBias);
     for (int k = 0; k < 3; ++k)
-        EXPECT_NEAR(0.0, GetVoltage(k).volts, 3 * SigmaOfMean(k, n) + Bit(k)) << k;
+        EXPECT_NEAR(0.0, GetVoltage(k).volts, 3 * Sigma(k) + Bit(k)) << k;
     const VoltageReading& shift = VoltageChannels[SimRack::kJ2].zeroShift;
     EXPECT_LT(shift.bits, 0); // J2's offset is negative: a wrapped unsigned difference
     EXPECT_NEAR(shift.volts, Bit(SimRack::kJ2) * shift.bits, 2 * Bit(SimRack::kJ2));
-    // Off clears the shifts, and the offsets are back.
-    EXPECT_EQ(0, DoAutoZero(0));
+    EXPECT_EQ(0, DoAutoZero(0)); // off clears the shifts
     EXPECT_EQ(0, VoltageChannels[SimRack::kJ1].zeroShift.bits);
 }
 
 TEST(AutoZero, WarningRetriesAndAbortClears) {
-    SimRack rack;
-    SimRack::WireSample();
+    SimRack rack(true);
     ShowAutoZeroWarning = 1;
     VoltageChannels[5].kind = VOLTAGE_POSITIVE;
     VoltageChannels[5].NoAutoZero = 1;
     VoltageChannels[5].zeroShift = {0.5, 7}; // excluded, yet cleared by Abort
-    HeadlessReset();
     HeadlessScriptAnswer(IDRETRY);
     HeadlessScriptAnswer(IDABORT);
     EXPECT_EQ(0, DoAutoZero(1));
@@ -84,10 +77,9 @@ TEST(AutoZero, WarningRetriesAndAbortClears) {
 }
 
 TEST(AutoZero, MonitorsOnlyWhenAskedAndDisconnectedStayAtZero) {
-    SimRack rack;
-    SimRack::WireSample();
+    SimRack rack(true);
     CurrentChannels[SimRack::kBias].zeroShift = 1e-3f;
-    const int output = SimRack::DacOf(SimDaqConfig().heater);
+    const int output = SimDacIndex(SimDaqConfig().heater);
     CurrentChannels[9].DACSlot = static_cast<u16>(output); // disconnected, away from zero
     DacState[9] = 100;
     DoAutoZero(1);
@@ -105,15 +97,13 @@ TEST(AutoZero, MonitorsOnlyWhenAskedAndDisconnectedStayAtZero) {
 }
 
 TEST(AutoZero, RedoAndSweepZeroRuns) {
-    SimRack rack;
-    SimRack::WireSample();
+    SimRack rack(true);
     VoltageChannels[3].kind = VOLTAGE_TSENSOR;
     VoltageChannels[SimRack::kJ2].NoAutoZero = 1;
     ShowAutoZeroWarning = 1;
     RedoAutoZero();
     EXPECT_EQ(0, VoltageChannels[SimRack::kJ1].zeroShift.bits); // off: nothing happens
     AutoZero_RedoOnDoIt = 1;
-    HeadlessReset();
     RedoAutoZero();
     EXPECT_TRUE(HeadlessBoxes().empty());
     EXPECT_EQ(1, ShowAutoZeroWarning);
@@ -138,17 +128,13 @@ TEST(AutoZero, ShowTexts) {
     EXPECT_STREQ("All voltages are disconnected", text);
     AutoZeroMonitorShiftsText(text, sizeof text);
     EXPECT_STREQ("No currents are monitored.", text);
-    SimRack::WireSample();
+    SimRack wired(true);
     for (int v = 3; v < 12; ++v)
         VoltageChannels[v].kind = VOLTAGE_POSITIVE;
     VoltageChannels[1].zeroShift = {-0.00123, -4};
     AutoZeroVoltageShiftsText(text, sizeof text);
     EXPECT_NE(nullptr, std::strstr(text, "Shift of V[ 1]\t=\t-1.230 mV (-4 bits)\n"));
-    int lines = 0;
-    for (const char* p = text; *p; ++p)
-        lines += *p == '\n';
-    EXPECT_EQ(8, lines);
-    HeadlessReset();
+    EXPECT_EQ(8, std::count(text, text + std::strlen(text), '\n'));
     ShowAutoZeroMonitorShifts(nullptr);
     ASSERT_EQ(1u, HeadlessBoxes().size());
     EXPECT_EQ("AutoZero Shifts of Current Monitors", HeadlessBoxes()[0].caption);

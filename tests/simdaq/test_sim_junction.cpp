@@ -15,82 +15,57 @@ constexpr double kDacStep = 20.0 / 65536 / kBiasResistor;
 void SetBiasReading(int reading) {
     gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(reading));
 }
-double BiasOf(int reading) {
-    return reading * kDacStep;
-}
 double J1Volts() {
     return ReadVolts(1, 0, 10) / 1000;
 }
 
-struct Sweep {
-    double up = -1;   // first bias with a voltage on the way up
-    double down = -1; // last bias with a voltage on the way down
-    bool fVoltageAboveDown = true;
-};
-
-// Up in single DAC steps until J1 switches, on to `top` times that, then down again.
-Sweep RampJ1(double top, double threshold) {
-    Sweep s;
+// Up in single DAC steps until J1 switches, on to `top` times that, then down again: the first
+// bias with a voltage on the way up, the last on the way down.
+std::pair<double, double> RampJ1(double top, double threshold) {
+    double zero = J1Volts(), down = -1;
     int r = 0;
-    double zero = J1Volts();
     for (; r < 32767; ++r) {
         SetBiasReading(r);
         if (J1Volts() - zero > threshold) break;
     }
-    s.up = BiasOf(r);
+    double up = r * kDacStep;
     int high = std::min(32767, static_cast<int>(r * top));
     for (; r <= high; ++r)
         SetBiasReading(r);
-    for (r = high; r >= 0; --r) {
-        SetBiasReading(r);
-        if (J1Volts() - zero <= threshold) break;
-        s.down = BiasOf(r);
-    }
-    return s;
+    for (r = high; r >= 0 && (SetBiasReading(r), J1Volts() - zero > threshold); --r)
+        down = r * kDacStep;
+    return {up, down};
 }
 
 } // namespace
 
-TEST(SimJunction, RetrapRatioFollowsRcsj) {
-    EXPECT_DOUBLE_EQ(SimDaqRetrapRatio(0.0), 1.0);
-    EXPECT_DOUBLE_EQ(SimDaqRetrapRatio(0.5), 1.0);
-    EXPECT_NEAR(SimDaqRetrapRatio(1.0), 0.964, 0.01);
-    EXPECT_NEAR(SimDaqRetrapRatio(5.0), 0.541, 0.01);
-    EXPECT_NEAR(SimDaqRetrapRatio(100.0), 0.127, 0.005);
-}
-
-TEST(SimJunction, OverdampedBranchIsSqrt) {
+TEST(SimJunction, RetrapRatioAndRunningBranchFollowRcsj) {
+    for (auto [beta, ratio, tolerance] : {std::tuple(0.0, 1.0, 0.0),
+                                          {0.5, 1.0, 0.0},
+                                          {1.0, 0.964, 0.01},
+                                          {5.0, 0.541, 0.01},
+                                          {100.0, 0.127, 0.005}})
+        EXPECT_NEAR(SimDaqRetrapRatio(beta), ratio, tolerance) << beta;
+    // Overdamped, the running branch is sqrt(i^2 - 1).
     for (double i : {1.05, 1.5, 3.0, 10.0, 40.0})
         EXPECT_NEAR(SimDaqRunningVoltage(0, i), std::sqrt(i * i - 1), 1e-3 * i) << i;
 }
 
-TEST(SimJunction, SwitchesAtIcWithoutHysteresis) {
-    TempDir dir;
-    LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=0\n");
-    double ic = SimDaqSampleState().j1.ic;
-    ASSERT_GT(ic, 5e-5);
-    Sweep s = RampJ1(1.3, 2e-6);
-    EXPECT_NEAR(s.up, ic, 0.01 * ic + kDacStep);
-    EXPECT_NEAR(s.down, ic, 0.01 * ic + kDacStep);
+// Up at Ic whatever beta_c; down at the retrapping current, not before.
+TEST(SimJunction, SwitchesAtIcAndRetrapsAtTheRcsjCurrent) {
+    for (auto [beta, ratio] : {std::pair(0.0, 1.0), {2.0, 0.790}, {10.0, 0.393}}) {
+        SCOPED_TRACE(beta);
+        TempDir dir;
+        LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=" + std::to_string(beta) + "\nIe=0\n");
+        SimSampleState st = SimDaqSampleState();
+        ASSERT_GT(st.j1.ic, 5e-5);
+        auto [up, down] = RampJ1(1.2, 2e-6);
+        EXPECT_NEAR(up, st.j1.ic, 0.01 * st.j1.ic + kDacStep);
+        EXPECT_NEAR(down / st.j1.ic, ratio, 0.02);
+        EXPECT_NEAR(down, st.j1.ir, kDacStep * 1.5);
+        EXPECT_FALSE(SimDaqSampleState().j1.fRunning);
+    }
 }
-
-class SimHysteresis : public ::testing::TestWithParam<std::pair<double, double>> {};
-
-TEST_P(SimHysteresis, RetrapsAtRcsjCurrentNotBefore) {
-    auto [beta, ratio] = GetParam();
-    TempDir dir;
-    LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=" + std::to_string(beta) + "\nIe=0\n");
-    SimSampleState st = SimDaqSampleState();
-    Sweep s = RampJ1(1.2, 2e-6);
-    EXPECT_NEAR(s.up, st.j1.ic, 0.01 * st.j1.ic + kDacStep);
-    EXPECT_NEAR(s.down / st.j1.ic, ratio, 0.02);
-    EXPECT_NEAR(s.down, st.j1.ir, kDacStep * 1.5);
-    EXPECT_FALSE(SimDaqSampleState().j1.fRunning);
-}
-
-INSTANTIATE_TEST_SUITE_P(Beta, SimHysteresis,
-                         ::testing::Values(std::make_pair(2.0, 0.790),
-                                           std::make_pair(10.0, 0.393)));
 
 TEST(SimJunction, HighBiasGivesRnAndExcessCurrent) {
     TempDir dir;
@@ -101,7 +76,7 @@ TEST(SimJunction, HighBiasGivesRnAndExcessCurrent) {
     int n = 0;
     for (int r = 16384; r <= 32767; r += 256) {
         SetBiasReading(r);
-        double x = BiasOf(r), y = ReadVolts(1, 0) / 500;
+        double x = r * kDacStep, y = ReadVolts(1, 0) / 500;
         sx += x, sy += y, sxx += x * x, sxy += x * y, ++n;
     }
     double slope = (n * sxy - sx * sy) / (n * sxx - sx * sx);
@@ -129,6 +104,12 @@ TEST(SimJunction, ThermoEmfDoesNotReverseWithTheCurrent) {
     EXPECT_NEAR(minus[0], zeroLevel, 1e-3);
     EXPECT_NEAR((plus[1] + minus[1]) / 2, zeroLevel, 1e-3);
     EXPECT_GT(plus[1] - minus[1], 2 * 1000 * ic * 10 * 2);
+    // The monitor reads the bias through its shunt; input 7 reads output 1 of card 2.
+    WriteVolts(1, 0, 6.0);
+    EXPECT_NEAR(SimDaqSampleState().biasCurrent, 6e-4, 1e-8);
+    EXPECT_NEAR(ReadVolts(1, 4), 6e-4 * 1000 + 0.0003, 4e-4);
+    WriteVolts(2, 1, 2.5);
+    EXPECT_NEAR(ReadVolts(1, 7), 2.5, 0.006);
 }
 
 // Ic against coil current: largest at the field offset, zero at offset + n H0.
@@ -145,7 +126,7 @@ TEST(SimJunction, FraunhoferPatternOfTheCoil) {
         while (r < 32767 && J1Volts() - zero < 2e-6)
             SetBiasReading(r += 8);
         coil.push_back(amps);
-        ic.push_back(BiasOf(r));
+        ic.push_back(r * kDacStep);
     }
     size_t best = 0;
     for (size_t k = 0; k < ic.size(); ++k)

@@ -2,17 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
-bool Converts(int slot, int channel, int gainCode, int reading, double* volts = nullptr) {
+// Whether the input converts the reading, and to what.
+std::pair<bool, double> Convert(int slot, int channel, int gainCode, int reading) {
     double v = 0;
     i16 status = gSimDaqDriver.AI_VScale(static_cast<i16>(slot), static_cast<i16>(channel),
                                          static_cast<i16>(gainCode), 1.0, 0.0,
                                          static_cast<i16>(reading), &v);
-    if (volts) *volts = v;
-    return status == 0;
+    return {status == 0, v};
+}
+
+// '1' for each (slot, channel, gain code, reading) that converts, '0' for each that fails.
+std::string Converts(std::initializer_list<std::array<int, 4>> cases) {
+    std::string s;
+    for (auto [slot, channel, code, reading] : cases)
+        s += Convert(slot, channel, code, reading).first ? '1' : '0';
+    return s;
 }
 
 bool OutputAccepts(int slot, int channel, double volts, i16* reading = nullptr) {
@@ -23,14 +33,17 @@ bool OutputAccepts(int slot, int channel, double volts, i16* reading = nullptr) 
     return status == 0;
 }
 
-// The highest voltage an output takes, found by bisection as the card probe does.
-double UpperLimit(int slot) {
+// The highest voltage output 0 of a slot takes, found by bisection as the card probe does, and
+// the reading it converts to.
+std::pair<double, int> UpperLimit(int slot) {
     double good = 0, bad = 1000, probe = 500;
     while (probe != good && probe != bad) {
         (OutputAccepts(slot, 0, probe) ? good : bad) = probe;
         probe = (good + bad) / 2;
     }
-    return good;
+    i16 r = 0;
+    OutputAccepts(slot, 0, good, &r);
+    return {good, r};
 }
 
 } // namespace
@@ -38,32 +51,28 @@ double UpperLimit(int slot) {
 TEST(SimRack, DefaultRackAnswersTheProbes) {
     TempDir dir;
     SimDaqLoad(dir.File("absent.ini").c_str());
-    u32 id = 0;
-    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(1, kDaqInfoDeviceType, &id), 0);
-    EXPECT_EQ(id, 16001u);
-    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(2, kDaqInfoDeviceType, &id), 0);
-    EXPECT_EQ(id, 12008u);
-    EXPECT_LT(gSimDaqDriver.Get_DAQ_Device_Info(3, kDaqInfoDeviceType, &id), 0);
-    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(1, 1, &id), kDaqNotSupported);
-    for (int ch = 0; ch < 16; ++ch)
-        EXPECT_TRUE(Converts(1, ch, 1, 0)) << ch;
-    EXPECT_FALSE(Converts(1, 16, 1, 0));
-    EXPECT_FALSE(Converts(1, 255, 1, 0));
-    EXPECT_FALSE(Converts(2, 0, 1, 0)); // the output card has no inputs
-    // 16-bit two's complement: 4096 converts, -32767 is negative.
-    double v;
-    EXPECT_TRUE(Converts(1, 0, 1, 4096));
-    EXPECT_TRUE(Converts(1, 0, 1, -32767, &v));
-    EXPECT_LT(v, 0);
-    EXPECT_TRUE(Converts(1, 0, 1, -32768, &v));
-    EXPECT_DOUBLE_EQ(v, -10.0);
-    // Gains 0.5..100: codes -1, 1, 2, 5, ..., 100.
+    u32 id[2] = {};
+    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(1, kDaqInfoDeviceType, &id[0]), 0);
+    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(2, kDaqInfoDeviceType, &id[1]), 0);
+    EXPECT_EQ(std::tuple(id[0], id[1]), std::tuple(16001u, 12008u));
+    EXPECT_LT(gSimDaqDriver.Get_DAQ_Device_Info(3, kDaqInfoDeviceType, &id[0]), 0);
+    EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(1, 1, &id[0]), kDaqNotSupported);
+    // Channels 0 to 15 of card 1, none on the output card; 16-bit two's complement readings;
+    // gains 0.5 to 100, codes -1, 1, 2, 5, ..., 100.
+    EXPECT_EQ(Converts({{1, 0, 1, 0},
+                        {1, 15, 1, 0},
+                        {1, 16, 1, 0},
+                        {1, 255, 1, 0},
+                        {2, 0, 1, 0},
+                        {1, 0, 1, 4096}}),
+              "110001");
     for (int code : {-1, 1, 2, 5, 10, 20, 50, 100})
-        EXPECT_TRUE(Converts(1, 0, code, 0)) << code;
+        EXPECT_TRUE(Convert(1, 0, code, 0).first) << code;
     for (int code : {0, -2, -3, -10, 200, 1000})
-        EXPECT_FALSE(Converts(1, 0, code, 0)) << code;
-    EXPECT_TRUE(Converts(1, 0, 100, 32767, &v));
-    EXPECT_NEAR(v, 0.1, 1e-5);
+        EXPECT_FALSE(Convert(1, 0, code, 0).first) << code;
+    EXPECT_LT(Convert(1, 0, 1, -32767).second, 0);
+    EXPECT_EQ(Convert(1, 0, 1, -32768), std::pair(true, -10.0));
+    EXPECT_NEAR(Convert(1, 0, 100, 32767).second, 0.1, 1e-5);
 }
 
 TEST(SimRack, OutputsRefuseWhatTheyCannotReach) {
@@ -78,11 +87,8 @@ TEST(SimRack, OutputsRefuseWhatTheyCannotReach) {
     EXPECT_FALSE(OutputAccepts(1, 0, -10.001));
     EXPECT_TRUE(OutputAccepts(1, 0, -10.0, &r));
     EXPECT_EQ(r, -32768);
-    EXPECT_TRUE(OutputAccepts(1, 0, UpperLimit(1), &r));
-    EXPECT_EQ(r, 32767);
-    EXPECT_TRUE(OutputAccepts(2, 0, UpperLimit(2), &r));
-    EXPECT_EQ(r, 2047);
-    EXPECT_NEAR(UpperLimit(2), 10.0 * 2047 / 2048, 1e-9);
+    EXPECT_EQ(UpperLimit(1).second, 32767);
+    EXPECT_EQ(UpperLimit(2), std::pair(10.0 * 2047 / 2048, 2047));
     EXPECT_LT(gSimDaqDriver.AO_Write(2, 0, 2048), 0);
     EXPECT_EQ(gSimDaqDriver.AO_Write(2, 0, 2047), 0);
     EXPECT_EQ(gSimDaqDriver.WFM_Op(1, 1, nullptr, nullptr, 0, 0, 1.0), kDaqNotSupported);
@@ -96,53 +102,40 @@ TEST(SimRack, ReadingRangesOfTwelveAndSixteenBitCodings) {
                  "[Card2]\nSlot=2\nBits=12\nCoding=1\nInputs=0-3\nOutputs=2\n"
                  "[Card3]\nSlot=3\nBits=16\nCoding=1\nInputs=0-3\nOutputs=1\n"
                  "[Card4]\nSlot=4\nBits=16\nInputs=0-3\nGains=-20,-10,0,10,20,40\nLogGains=1\n");
-    double v;
-    // 12-bit two's complement: -2048..2047.
-    EXPECT_FALSE(Converts(1, 0, 1, 4096));
-    EXPECT_FALSE(Converts(1, 0, 1, 2049));
-    EXPECT_TRUE(Converts(1, 0, 1, -2048, &v));
-    EXPECT_DOUBLE_EQ(v, -10.0);
-    // The gap in the channels.
-    EXPECT_TRUE(Converts(1, 7, 1, 0));
-    EXPECT_FALSE(Converts(1, 8, 1, 0));
-    EXPECT_FALSE(Converts(1, 15, 1, 0));
-    EXPECT_TRUE(Converts(1, 16, 1, 0));
-    EXPECT_FALSE(Converts(1, 24, 1, 0));
-    // 12-bit offset binary: 0..4095, zero at 2048.
-    EXPECT_FALSE(Converts(2, 0, 1, 4096));
-    EXPECT_TRUE(Converts(2, 0, 1, 2049, &v));
-    EXPECT_GT(v, 0);
-    EXPECT_FALSE(Converts(2, 0, 1, -1));
-    i16 r;
-    EXPECT_TRUE(OutputAccepts(2, 0, UpperLimit(2), &r));
-    EXPECT_EQ(r, 4095);
-    // 16-bit offset binary: -32767 is 32769, above zero.
-    EXPECT_TRUE(Converts(3, 0, 1, -32767, &v));
-    EXPECT_GT(v, 0);
-    EXPECT_TRUE(OutputAccepts(3, 0, UpperLimit(3), &r));
-    EXPECT_EQ(static_cast<u16>(r), 65535);
-    // Decibels: code 1 fails, 0 dB and 20 dB pass, 20 dB is a factor 10.
-    EXPECT_FALSE(Converts(4, 0, 1, 0));
-    EXPECT_TRUE(Converts(4, 0, 0, 0));
-    EXPECT_TRUE(Converts(4, 0, 20, 32767, &v));
-    EXPECT_NEAR(v, 1.0, 1e-3);
-    EXPECT_FALSE(Converts(4, 0, 30, 0));
+    // 12-bit two's complement, -2048 to 2047; the gap in the channels; 12-bit offset binary,
+    // 0 to 4095; decibels: code 1 fails, 0 dB and 20 dB pass, 30 dB is not on the card.
+    EXPECT_EQ(Converts({{1, 0, 1, 4096},
+                        {1, 0, 1, 2049},
+                        {1, 7, 1, 0},
+                        {1, 8, 1, 0},
+                        {1, 15, 1, 0},
+                        {1, 16, 1, 0},
+                        {1, 24, 1, 0},
+                        {2, 0, 1, 4096},
+                        {2, 0, 1, -1},
+                        {4, 0, 1, 0},
+                        {4, 0, 0, 0},
+                        {4, 0, 30, 0}}),
+              "001001000010");
+    EXPECT_EQ(Convert(1, 0, 1, -2048), std::pair(true, -10.0));
+    EXPECT_GT(Convert(2, 0, 1, 2049).second, 0); // zero at 2048
+    EXPECT_EQ(UpperLimit(2).second, 4095);
+    EXPECT_GT(Convert(3, 0, 1, -32767).second, 0); // 16-bit offset binary: 32769, above zero
+    EXPECT_EQ(static_cast<u16>(UpperLimit(3).second), 65535);
+    EXPECT_NEAR(Convert(4, 0, 20, 32767).second, 1.0, 1e-3); // 20 dB is a factor 10
 }
 
 TEST(SimRack, ScxiChassisWithOutputModules) {
     TempDir dir;
     LoadSim(dir, "[SCXI]\nChassis=1\nAddress=3\nSlots=4\nModules=1\n"
                  "[SCXIModule1]\nSlot=2\nId=1124\nChannels=6\n[Outputs]\nCoil=1,2,5\n");
-    i16 type, addr, mode, path, slots, id, written;
+    i16 type, addr, mode, path, slots, id, other, written;
     EXPECT_EQ(gSimDaqDriver.SCXI_Get_Chassis_Info(1, &type, &addr, &mode, &path, &slots), 0);
-    EXPECT_EQ(addr, 3);
-    EXPECT_NE(mode, 0);
-    EXPECT_EQ(slots, 4);
+    EXPECT_EQ(std::tuple(addr, mode != 0, slots), std::tuple(3, true, 4));
     EXPECT_LT(gSimDaqDriver.SCXI_Get_Chassis_Info(2, &type, &addr, &mode, &path, &slots), 0);
     EXPECT_EQ(gSimDaqDriver.SCXI_Get_Module_Id(1, 2, &id), 0);
-    EXPECT_EQ(id, 1124);
-    EXPECT_EQ(gSimDaqDriver.SCXI_Get_Module_Id(1, 1, &id), 0);
-    EXPECT_LT(id, 1);
+    EXPECT_EQ(gSimDaqDriver.SCXI_Get_Module_Id(1, 1, &other), 0);
+    EXPECT_EQ(std::tuple(id, other < 1), std::tuple(1124, true));
     for (int ch = 0; ch < 6; ++ch)
         EXPECT_EQ(gSimDaqDriver.SCXI_AO_Write(1, 2, static_cast<i16>(ch), 2, 6, 0, 0, &written), 0);
     EXPECT_LT(gSimDaqDriver.SCXI_AO_Write(1, 2, 6, 2, 6, 0, 0, &written), 0);
@@ -162,24 +155,17 @@ TEST(SimRack, GarbageFileLoadsWithRepairedValues) {
     EXPECT_TRUE(SimDaqLoad(dir.File("simdaq.ini").c_str()));
     const SimConfig& c = SimDaqConfig();
     ASSERT_EQ(c.cards.size(), 2u);
-    EXPECT_EQ(c.cards[0].bits, 12);
-    EXPECT_EQ(c.cards[0].span, 10.0);
-    EXPECT_EQ(c.cards[0].slot, 1);
-    EXPECT_EQ(c.cards[0].outputs, 2);
-    EXPECT_EQ(c.cards[1].slot, 2);
-    EXPECT_EQ(c.cards[0].inputs.size(), 1u);
-    EXPECT_EQ(c.j1.ic0, 1e-4);
-    EXPECT_EQ(c.j1.rn, 10.0);
-    EXPECT_EQ(c.j1.betaC, 5.0); // the default stands for a value out of range
-    EXPECT_EQ(c.j1.ie, 1e-4); // no more than Ic
-    EXPECT_EQ(c.bias.channel, -1);
-    EXPECT_EQ(c.heater.channel, 0);               // the bias no longer holds 1,0
-    EXPECT_EQ(c.inputs[kSigJ2].port.channel, -1); // J1 holds input 0
-    EXPECT_EQ(c.noiseSigma, 3e-4);
-    EXPECT_FALSE(c.fStepClock);
-    EXPECT_EQ(c.array.count, 20);
-    EXPECT_EQ(c.tc, 9.2);
-    EXPECT_EQ(c.scxi.chassis, 0);
+    const SimCardConfig& c0 = c.cards[0];
+    EXPECT_EQ(std::tuple(c0.bits, c0.span, c0.slot, c0.outputs, c0.inputs.size(), c.cards[1].slot),
+              std::tuple(12, 10.0, 1, 2, 1u, 2));
+    // Defaults stand for values out of range; Ie is no more than Ic.
+    EXPECT_EQ(std::tuple(c.j1.ic0, c.j1.rn, c.j1.betaC, c.j1.ie),
+              std::tuple(1e-4, 10.0, 5.0, 1e-4));
+    // The bias no longer holds 1,0 for the heater; J1 holds input 0 before J2.
+    EXPECT_EQ(std::tuple(c.bias.channel, c.heater.channel, c.inputs[kSigJ2].port.channel),
+              std::tuple(-1, 0, -1));
+    EXPECT_EQ(std::tuple(c.noiseSigma, c.fStepClock, c.array.count, c.tc, c.scxi.chassis),
+              std::tuple(3e-4, false, 20, 9.2, 0));
     i16 r;
     EXPECT_EQ(gSimDaqDriver.AI_Read(1, 0, 1, &r), 0);
     EXPECT_FALSE(SimDaqLoad(dir.File("missing.ini").c_str()));
@@ -195,18 +181,16 @@ TEST(SimRack, ShippedFileEqualsTheBuiltInDefaults) {
     ASSERT_TRUE(SimDaqLoad(SourcePath("data/simdaq.ini").c_str()));
     const SimConfig& b = SimDaqConfig();
     ASSERT_EQ(a.cards.size(), b.cards.size());
-    for (size_t k = 0; k < a.cards.size(); ++k) {
-        EXPECT_EQ(a.cards[k].inputs.size(), b.cards[k].inputs.size());
-        EXPECT_EQ(a.cards[k].gains, b.cards[k].gains);
-        EXPECT_EQ(a.cards[k].name, b.cards[k].name);
-        EXPECT_EQ(a.cards[k].outputs, b.cards[k].outputs);
-    }
-    for (int s = 0; s < kSigCount; ++s) {
-        EXPECT_EQ(a.inputs[s].port.channel, b.inputs[s].port.channel) << s;
-        EXPECT_EQ(a.inputs[s].gain, b.inputs[s].gain) << s;
-        EXPECT_EQ(a.inputs[s].offset, b.inputs[s].offset) << s;
-    }
-    EXPECT_EQ(a.version, b.version);
-    EXPECT_EQ(a.noiseSigma, b.noiseSigma);
+    for (size_t k = 0; k < a.cards.size(); ++k)
+        EXPECT_EQ(std::tie(a.cards[k].gains, a.cards[k].name, a.cards[k].outputs),
+                  std::tie(b.cards[k].gains, b.cards[k].name, b.cards[k].outputs))
+            << k;
+    for (size_t k = 0; k < a.cards.size(); ++k)
+        EXPECT_EQ(a.cards[k].inputs.size(), b.cards[k].inputs.size()) << k;
+    for (int s = 0; s < kSigCount; ++s)
+        EXPECT_EQ(std::tie(a.inputs[s].port.channel, a.inputs[s].gain, a.inputs[s].offset),
+                  std::tie(b.inputs[s].port.channel, b.inputs[s].gain, b.inputs[s].offset))
+            << s;
+    EXPECT_EQ(std::tuple(a.version, a.noiseSigma), std::tuple(b.version, b.noiseSigma));
     EXPECT_EQ(SimDaqSampleState().j1.ic, builtIn.j1.ic);
 }

@@ -1,10 +1,11 @@
 #include "sim_rig.h"
 
+#include "instrument/thermometer.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 namespace {
@@ -20,23 +21,6 @@ double MeasureIc() {
         gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(r += 4));
     gSimDaqDriver.AO_Write(1, 0, 0);
     return r * kDacStep;
-}
-
-// T from R through the shipped table, as the thermometer does: first segment that holds it.
-double TableTemperature(double ohm) {
-    std::FILE* f = std::fopen(SourcePath("data/thinfilm.R(T)").c_str(), "r");
-    std::vector<double> t, r;
-    char line[512];
-    while (f && std::fgets(line, sizeof line, f)) {
-        float a, b;
-        if (line[0] != ';' && std::sscanf(line, "%f %f", &a, &b) == 2)
-            t.push_back(a), r.push_back(b);
-    }
-    if (f) std::fclose(f);
-    for (size_t i = 1; i < t.size(); ++i)
-        if ((r[i - 1] >= ohm && ohm >= r[i]) || (r[i - 1] <= ohm && ohm <= r[i]))
-            return (ohm - r[i - 1]) * (t[i] - t[i - 1]) / (r[i] - r[i - 1]) + t[i - 1];
-    return -2;
 }
 
 } // namespace
@@ -74,17 +58,25 @@ TEST(SimSample, HeaterWarmsWithItsTimeConstantAndDriftAdds) {
     EXPECT_NEAR(SimDaqSampleState().temperature, expected, 0.01);
 }
 
+// The sensor's R(T) is the shipped calibration table: T read back through it as the
+// thermometer reads it.
 TEST(SimSample, ThermometerMatchesTheShippedTable) {
-    for (double kelvin : {1.8, 4.2, 10.0, 42.0, 77.35, 300.0}) {
+    ASSERT_GT(LoadTemperatureCurve(SourcePath("data/thinfilm.R(T)").c_str()), 0);
+    for (auto [kelvin, ohm] : {std::pair(1.8, 0.0),
+                               {4.2, 574.0},
+                               {10.0, 332.0},
+                               {42.0, 0.0},
+                               {77.35, 101.0},
+                               {300.0, 41.4}}) {
         TempDir dir;
         LoadSim(dir, "[Temperature]\nT0=" + std::to_string(kelvin) + "\n");
-        double ohm = (ReadVolts(1, 3, 10) - 0.0005) / 100 / 1e-5;
-        EXPECT_NEAR(TableTemperature(ohm), kelvin, 0.01 * kelvin) << kelvin;
+        f64 read = -2;
+        InterpolateTemperature(static_cast<f32>((ReadVolts(1, 3, 10) - 0.0005) / 100 / 1e-5),
+                               &read);
+        EXPECT_NEAR(read, kelvin, 0.01 * kelvin) << kelvin;
+        if (ohm) EXPECT_NEAR(SimDaqSensorResistance(kelvin), ohm, 0.01) << kelvin;
     }
-    EXPECT_NEAR(SimDaqSensorResistance(4.2), 574, 0.01);
-    EXPECT_NEAR(SimDaqSensorResistance(10), 332, 0.01);
-    EXPECT_NEAR(SimDaqSensorResistance(77.35), 101, 0.01);
-    EXPECT_NEAR(SimDaqSensorResistance(300), 41.4, 0.01);
+    ResetTemperatureTable();
 }
 
 // Each switched junction of the array adds one gap voltage, at its own critical current.
@@ -113,14 +105,4 @@ TEST(SimSample, ArrayVoltageIsAStaircase) {
         }
     }
     EXPECT_EQ(switched, 8);
-}
-
-TEST(SimSample, MonitorReadsTheBiasThroughTheShunt) {
-    TempDir dir;
-    LoadSim(dir, "");
-    WriteVolts(1, 0, 6.0);
-    EXPECT_NEAR(SimDaqSampleState().biasCurrent, 6e-4, 1e-8);
-    EXPECT_NEAR(ReadVolts(1, 4), 6e-4 * 1000 + 0.0003, 4e-4);
-    WriteVolts(2, 1, 2.5);
-    EXPECT_NEAR(ReadVolts(1, 7), 2.5, 0.006);
 }

@@ -100,14 +100,15 @@ TEST_F(CmdLine, WordsOfAText) {
 
 TEST_F(CmdLine, ValuesAndDefaults) {
     Parse("-n:-42 -x:1.5e3 -a+ -b- -c -u:\"Ann Lee\" -d:\"1.5,2;3 4\t5\" -l:,10;;-3, 7 2.5");
-    EXPECT_EQ(SwitchInt("n:", 3), -42);
-    EXPECT_EQ(SwitchInt("k:", 3), 3);
+    EXPECT_EQ((std::vector<int>{SwitchInt("n:", 3), SwitchInt("k:", 3), PositionalInt(1, 0),
+                                PositionalInt(3, -1)}),
+              (std::vector<int>{-42, 3, 7, -1}));
     EXPECT_DOUBLE_EQ(SwitchDouble("x:", 0), 1500.0);
-    EXPECT_EQ(SwitchBool("a", 0), 1);
-    EXPECT_EQ(SwitchBool("b", 1), 0);
-    EXPECT_EQ(SwitchBool("c", 0), 1);
-    EXPECT_EQ(SwitchBool("c", 1), 0);
-    EXPECT_EQ(SwitchBool("e", 1), 1);
+    EXPECT_DOUBLE_EQ(PositionalDouble(2, 0), 2.5);
+    // "+" and "-" set and clear; a bare switch flips the default; no switch keeps it.
+    EXPECT_EQ((std::vector<int>{SwitchBool("a", 0), SwitchBool("b", 1), SwitchBool("c", 0),
+                                SwitchBool("c", 1), SwitchBool("e", 1)}),
+              (std::vector<int>{1, 0, 1, 0, 1}));
     char text[8];
     SwitchString("u:", "nobody", text, sizeof text);
     EXPECT_STREQ(text, "Ann Lee");
@@ -120,38 +121,32 @@ TEST_F(CmdLine, ValuesAndDefaults) {
     EXPECT_EQ(SwitchIntList("l:", n, 3), 2u);
     EXPECT_EQ(n[1], -3);
     EXPECT_EQ(SwitchIntList("none:", n, 4), 0u);
-    EXPECT_EQ(PositionalInt(1, 0), 7);
-    EXPECT_DOUBLE_EQ(PositionalDouble(2, 0), 2.5);
-    EXPECT_EQ(PositionalInt(3, -1), -1);
 }
 
-TEST_F(CmdLineDeathTest, BadSwitchValues) {
-    Parse("-n:4x -big:99999999999 -x:abc -v:yes -u:");
-    EXPECT_EXIT(SwitchInt("n:", 0), ExitedWithCode(4),
-                "^Invalid -n: parameter -- not an integer number\n$");
-    EXPECT_EXIT(SwitchInt("big:", 0), ExitedWithCode(4), "not an integer number");
-    EXPECT_EXIT(SwitchDouble("x:", 0), ExitedWithCode(4),
-                "^Invalid -x: parameter -- not a number\n$");
-    EXPECT_EXIT(SwitchBool("v:", 0), ExitedWithCode(4),
-                "^Invalid -v: parameter -- not \\+,- or space\n$");
-    char text[16];
-    EXPECT_EXIT(SwitchString("u:", "x", text, sizeof text), ExitedWithCode(4),
-                "^Invalid -u: parameter -- string missing\n$");
-}
-
-TEST_F(CmdLineDeathTest, BadLists) {
-    Parse("-d:1,x -n:1,2.5 -o:1,99999999999 -h:1e999 -f:1,2,3,4");
-    double d[8];
-    int n[8];
-    EXPECT_EXIT(SwitchDoubleList("d:", d, 8), ExitedWithCode(4),
-                "^Bad formed list of doubles in -d:$");
-    EXPECT_EXIT(SwitchIntList("n:", n, 8), ExitedWithCode(4),
-                "^Bad formed list of doubles in -n:$");
-    EXPECT_EXIT(SwitchIntList("o:", n, 8), ExitedWithCode(4), "Bad formed list");
-    EXPECT_EXIT(SwitchDoubleList("h:", d, 8), ExitedWithCode(4), "Bad formed list");
-    // A list that fills its capacity exactly is already too long.
-    EXPECT_EXIT(SwitchIntList("f:", n, 4), ExitedWithCode(4),
-                "^Too long list of values in -f:\\. Maximum 4 items allowed\\.$");
+// A bad value ends the program with status 4 and a message that names the switch.
+TEST_F(CmdLineDeathTest, BadSwitchValuesAndLists) {
+    Parse("-n:4x -big:99999999999 -x:abc -v:yes -u: -d:1,x -i:1,2.5 -o:1,99999999999 -h:1e999 "
+          "-f:1,2,3,4");
+    static double d[8];
+    static int n[8];
+    static char text[16];
+    const std::pair<void (*)(), const char*> cases[] = {
+        {[] { SwitchInt("n:", 0); }, "^Invalid -n: parameter -- not an integer number\n$"},
+        {[] { SwitchInt("big:", 0); }, "not an integer number"},
+        {[] { SwitchDouble("x:", 0); }, "^Invalid -x: parameter -- not a number\n$"},
+        {[] { SwitchBool("v:", 0); }, "^Invalid -v: parameter -- not \\+,- or space\n$"},
+        {[] { SwitchString("u:", "x", text, sizeof text); },
+         "^Invalid -u: parameter -- string missing\n$"},
+        {[] { SwitchDoubleList("d:", d, 8); }, "^Bad formed list of doubles in -d:$"},
+        {[] { SwitchIntList("i:", n, 8); }, "^Bad formed list of doubles in -i:$"},
+        {[] { SwitchIntList("o:", n, 8); }, "Bad formed list"},
+        {[] { SwitchDoubleList("h:", d, 8); }, "Bad formed list"},
+        // A list that fills its capacity exactly is already too long.
+        {[] { SwitchIntList("f:", n, 4); },
+         "^Too long list of values in -f:\\. Maximum 4 items allowed\\.$"},
+    };
+    for (const auto& [call, message] : cases)
+        EXPECT_EXIT(call(), ExitedWithCode(4), message);
     EXPECT_EQ(SwitchDoubleList("f:", d, 5), 4u);
 }
 
@@ -205,8 +200,12 @@ TEST_F(CmdLineDeathTest, OptionsFileFailures) {
     EXPECT_EXIT(SwitchInt("n:", 0), ExitedWithCode(4), "-n: parameter -- not an integer");
 }
 
+// The verb is the first positional: usage without one, exit status 2 for an unknown one.
 TEST(CliCommandLine, VerbIsTheFirstPositional) {
-    ProcessResult r = RunCli({"-daq:sim", "no-such-verb"});
+    ProcessResult r = RunCli({});
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_NE(r.out.find("usage: vantrel-cli"), std::string::npos);
+    r = RunCli({"-daq:sim", "no-such-verb"});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find("unknown verb 'no-such-verb'"), std::string::npos);
     EXPECT_EQ(RunCli({"-daq:sim"}).exitCode, 0);

@@ -8,11 +8,11 @@
 
 namespace {
 
-std::string Format(float value, const char* unit, int* flags = nullptr) {
+// The text, and the flags when they are not 0.
+std::string Format(float value, const char* unit, size_t size = 64) {
     char text[64];
-    int f = FormatPhysical(text, value, unit, sizeof text);
-    if (flags) *flags = f;
-    return text;
+    int flags = FormatPhysical(text, value, unit, size);
+    return text + (flags ? " flags " + std::to_string(flags) : "");
 }
 
 std::string Digits(float value, unsigned digits, const char* unit = "V") {
@@ -21,33 +21,31 @@ std::string Digits(float value, unsigned digits, const char* unit = "V") {
     return text;
 }
 
+// The factor of the prefix, and what is left of the text.
+std::pair<float, std::string> Take(const char* unit) {
+    char text[16];
+    std::strcpy(text, unit);
+    float factor = TakePrefix(text);
+    return {factor, text};
+}
+
 } // namespace
 
-TEST(FormatPhysical, PrefixAndDecimalsFollowTheMantissa) {
+TEST(FormatPhysical, PrefixDecimalsAndRangeEnds) {
     EXPECT_EQ(Format(0.9999f, "A"), "+999.9 mA");
     EXPECT_EQ(Format(1.0f, "A"), "+1.000  A");
     EXPECT_EQ(Format(-0.00123f, "V"), "-1.230 mV");
     EXPECT_EQ(Format(2.5e-6f, "A"), "+2.500 \xB5"
                                     "A");
     EXPECT_EQ(Format(3e12f, "Hz"), "+3.000 THz");
-    // Exactly 10 keeps three decimals.
-    EXPECT_EQ(Format(10.0f, "V"), "+10.000  V");
+    EXPECT_EQ(Format(10.0f, "V"), "+10.000  V"); // exactly 10 keeps three decimals
     EXPECT_EQ(Format(10.5f, "V"), "+10.50  V");
-}
-
-TEST(FormatPhysical, RangeEnds) {
-    int flags = -1;
-    EXPECT_EQ(Format(0.0f, "V", &flags), "+0.000 pV");
-    EXPECT_EQ(flags, 0);
+    EXPECT_EQ(Format(0.0f, "V"), "+0.000 pV");
     // The first step of the exponent rule already holds these at -12: no flag.
-    EXPECT_EQ(Format(1e-13f, "V", &flags), "+0.100 pV");
-    EXPECT_EQ(flags, 0);
-    EXPECT_EQ(Format(1e-12f, "V", &flags), "+1.000 pV");
-    EXPECT_EQ(flags, 0);
-    EXPECT_EQ(Format(1e15f, "V", &flags), "+0.000 (null)V");
-    EXPECT_EQ(flags, PHYS_ABOVE_RANGE);
-    EXPECT_EQ(Format(999e12f, "V", &flags), "+999.0 TV");
-    EXPECT_EQ(flags, 0);
+    EXPECT_EQ(Format(1e-13f, "V"), "+0.100 pV");
+    EXPECT_EQ(Format(1e-12f, "V"), "+1.000 pV");
+    EXPECT_EQ(Format(1e15f, "V"), "+0.000 (null)V flags " + std::to_string(PHYS_ABOVE_RANGE));
+    EXPECT_EQ(Format(999e12f, "V"), "+999.0 TV");
 }
 
 TEST(FormatPhysical, LongUnitLeavesTheDestinationAlone) {
@@ -57,8 +55,7 @@ TEST(FormatPhysical, LongUnitLeavesTheDestinationAlone) {
               PHYS_UNIT_TOO_LONG | PHYS_ABOVE_RANGE);
     EXPECT_EQ(FormatPhysicalDigits(text, sizeof text, 1.0f, 3, unit26), PHYS_UNIT_TOO_LONG);
     EXPECT_STREQ(text, "untouched");
-    EXPECT_EQ(FormatPhysical(text, 1.0f, unit26 + 1, sizeof text), 0);
-    EXPECT_EQ(std::string(text), std::string("+1.000  ") + (unit26 + 1));
+    EXPECT_EQ(Format(1.0f, unit26 + 1), std::string("+1.000  ") + (unit26 + 1));
 }
 
 TEST(FormatPhysical, ShortDestinationIsCutAndFlagged) {
@@ -68,8 +65,8 @@ TEST(FormatPhysical, ShortDestinationIsCutAndFlagged) {
     EXPECT_STREQ(text, "+1.500 ");
     EXPECT_EQ(text[8], 'x');
     // "+1.500  V" is 9 characters: 10 bytes hold it, 9 do not.
-    EXPECT_EQ(FormatPhysical(text, 1.5f, "V", 10), 0);
-    EXPECT_EQ(FormatPhysical(text, 1.5f, "V", 9), PHYS_TEXT_CUT);
+    EXPECT_EQ(Format(1.5f, "V", 10), "+1.500  V");
+    EXPECT_EQ(Format(1.5f, "V", 9), "+1.500   flags " + std::to_string(PHYS_TEXT_CUT));
     EXPECT_EQ(FormatPhysicalDigits(text, 8, 1.5f, 4, "V"), PHYS_TEXT_CUT);
     EXPECT_STREQ(text, "+1.500 ");
 }
@@ -79,35 +76,25 @@ TEST(FormatPhysicalDigits, DecimalsFollowTheSignificantDigits) {
     EXPECT_EQ(Digits(12.34f, 3), " +12.3  V");
     EXPECT_EQ(Digits(123.4f, 3), "  +123  V");
     EXPECT_EQ(Digits(10.0f, 2), " +10.0  V");
-    AssertCapture capture;
-    EXPECT_EQ(Digits(1.5f, 1), "    +2  V");
-    ASSERT_EQ(capture.Count(), 1);
-    EXPECT_EQ(capture.Messages()[0], "SigDig>1");
     // Too few digits for the integer part: no decimals rather than a wrapped precision.
     EXPECT_EQ(Digits(123.0f, 2), "  +123  V");
+    AssertCapture capture;
+    EXPECT_EQ(Digits(1.5f, 1), "    +2  V");
+    EXPECT_EQ(capture.Messages(), std::vector<std::string>{"SigDig>1"});
 }
 
 TEST(TakePrefix, StripsThePrefixAndGivesItsFactor) {
-    char text[16] = "mV";
-    EXPECT_FLOAT_EQ(TakePrefix(text), 1e-3f);
-    EXPECT_STREQ(text, "V");
-    std::strcpy(text, "\xB5"
-                      "A");
-    EXPECT_FLOAT_EQ(TakePrefix(text), 1e-6f);
-    EXPECT_STREQ(text, "A");
-    std::strcpy(text, "TV");
-    EXPECT_FLOAT_EQ(TakePrefix(text), 1e12f);
-    EXPECT_STREQ(text, "V");
-    std::strcpy(text, "V");
-    EXPECT_EQ(TakePrefix(text), 1.0f);
-    EXPECT_STREQ(text, "V");
+    EXPECT_EQ(Take("mV"), std::pair(1e-3f, std::string("V")));
+    EXPECT_EQ(Take("\xB5"
+                   "A"),
+              std::pair(1e-6f, std::string("A")));
+    EXPECT_EQ(Take("TV"), std::pair(1e12f, std::string("V")));
+    EXPECT_EQ(Take("V"), std::pair(1.0f, std::string("V")));
     // A blank is the no-prefix entry: the float product 1e-12 * 1000^4, not a literal 1.
-    std::strcpy(text, " V");
     float product = 1e-12f;
     for (int i = 0; i < 4; ++i)
         product *= 1000.0f;
-    EXPECT_EQ(TakePrefix(text), product);
-    EXPECT_STREQ(text, "V");
+    EXPECT_EQ(Take(" V"), std::pair(product, std::string("V")));
 }
 
 TEST(PrefixOf, ScaleAndPrefixOverTheRange) {

@@ -2,12 +2,14 @@
 #include "common/test_support.h"
 #include "curve/curve_family.h"
 #include "instrument/thermometer.h"
-#include "ui/thermometer_window.h"
 #include "platform/headless_host.h"
+#include "ui/thermometer_window.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -85,37 +87,33 @@ TEST(ThermometerFile, NulIsEmptyAndSilentAMissingFileIsNot) {
     EXPECT_DOUBLE_EQ(T(15.0f), -2.0);
 }
 
-TEST(ThermometerTable, FirstSegmentThatHoldsXWinsAndNothingIsExtrapolated) {
+// The first segment that holds x wins; nothing is extrapolated.
+TEST(ThermometerTable, Interpolation) {
+    const std::pair<const char*, std::vector<std::pair<f32, f64>>> cases[] = {
+        {"1 100\n2 80\n4 40\n",
+         {{90, 1.5}, {60, 3}, {100, 1}, {80, 2}, {40, 4}, {100.01f, -2}, {39.99f, -2}}},
+        {"1 0\n2 10\n3 0\n3.5 0\n", {{5, 1.5}, {0, 1}}}, // not monotonic, then flat
+        {"1 0\n2 0\n", {{0, 1}}},                        // a flat segment gives its entry, not 0/0
+        {"4.2 574\n", {{574, -2}}}};
     TempDir dir;
-    ResetTemperatureTable();
-    Load(dir, "a.t", "1 100\n2 80\n4 40\n");
-    EXPECT_DOUBLE_EQ(T(90.0f), 1.5);
-    EXPECT_DOUBLE_EQ(T(60.0f), 3.0);
-    EXPECT_DOUBLE_EQ(T(100.0f), 1.0);
-    EXPECT_DOUBLE_EQ(T(80.0f), 2.0);
-    EXPECT_DOUBLE_EQ(T(40.0f), 4.0);
-    EXPECT_DOUBLE_EQ(T(100.01f), -2.0);
-    EXPECT_DOUBLE_EQ(T(39.99f), -2.0);
-    Load(dir, "b.t", "1 0\n2 10\n3 0\n3.5 0\n"); // not monotonic, then flat
-    EXPECT_DOUBLE_EQ(T(5.0f), 1.5);
-    EXPECT_DOUBLE_EQ(T(0.0f), 1.0);
-    Load(dir, "c.t", "1 0\n2 0\n");
-    EXPECT_DOUBLE_EQ(T(0.0f), 1.0); // a flat segment gives its entry, not 0/0
-    Load(dir, "d.t", "4.2 574\n");
-    EXPECT_DOUBLE_EQ(T(574.0f), -2.0);
+    for (const auto& [table, points] : cases) {
+        Load(dir, "a.t", table);
+        for (auto [x, kelvin] : points)
+            EXPECT_DOUBLE_EQ(T(x), kelvin) << table << "at " << x;
+    }
 }
 
 TEST(ThermometerTable, FormatsTemperaturesAndFailures) {
     char text[kTermoTextSize];
-    EXPECT_TRUE(FormatTemperature(4.2f, text, sizeof text));
-    EXPECT_STREQ(text, "    4.200 K");
-    EXPECT_TRUE(FormatTemperature(0.0f, text, sizeof text));
-    EXPECT_FALSE(FormatTemperature(-1.0f, text, sizeof text));
-    EXPECT_STREQ(text, "V not def");
-    EXPECT_FALSE(FormatTemperature(-2.0f, text, sizeof text));
-    EXPECT_STREQ(text, "InterpErr");
-    EXPECT_FALSE(FormatTemperature(-0.5f, text, sizeof text));
-    EXPECT_STREQ(text, "err ???");
+    auto format = [&](f32 kelvin) {
+        bool ok = FormatTemperature(kelvin, text, sizeof text);
+        return (ok ? "ok " : "no ") + std::string(text);
+    };
+    EXPECT_EQ(format(4.2f), "ok     4.200 K");
+    EXPECT_EQ(format(0.0f), "ok     0.000 K");
+    EXPECT_EQ(format(-1.0f), "no V not def");
+    EXPECT_EQ(format(-2.0f), "no InterpErr");
+    EXPECT_EQ(format(-0.5f), "no err ???");
     AssertCapture capture;
     FormatTemperature(4.2f, text, 12);
     EXPECT_EQ(capture.Count(), 1);
@@ -132,9 +130,8 @@ TEST(ThermometerWindow, BarScaleAndLabels) {
     EXPECT_STREQ(text, "7.00    ");
     TermoLimitText(300.0f, text, sizeof text);
     EXPECT_STREQ(text, "300.00");
-    EXPECT_EQ(TermoTickLength(1), 7);
-    EXPECT_EQ(TermoTickLength(5), 9);
-    EXPECT_EQ(TermoTickLength(40), 11);
+    EXPECT_EQ((std::vector<int>{TermoTickLength(1), TermoTickLength(5), TermoTickLength(40)}),
+              (std::vector<int>{7, 9, 11}));
     EXPECT_STREQ(TermoWindowTitle(true, " 4.2"), " 4.2");
     EXPECT_STREQ(TermoWindowTitle(false, " 4.2"), "Temperature");
 }

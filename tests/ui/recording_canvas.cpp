@@ -10,74 +10,50 @@ void Add(void* context, const char* op, std::vector<int> args, std::string text 
     R(context).calls.push_back(CanvasCall{op, std::move(args), std::move(text)});
 }
 
-std::vector<int> RectArgs(const CanvasRect& r) {
-    return {r.left, r.top, r.right, r.bottom};
+std::vector<int> Args(const CanvasRect& r, std::vector<int> more = {}) {
+    more.insert(more.begin(), {r.left, r.top, r.right, r.bottom});
+    return more;
+}
+
+int Int(CanvasColor color) {
+    return static_cast<int>(color);
 }
 
 } // namespace
 
-RecordingCanvas::RecordingCanvas() {
-    // 10 pixels a millimetre both ways, 72 pixels an inch for text: a 9 point font is 9 pixels.
-    caps.horzSizeMm = 100;
-    caps.vertSizeMm = 60;
-    caps.horzRes = 1000;
-    caps.vertRes = 600;
-    caps.bitsPixel = 32;
-    caps.planes = 1;
-    caps.numColors = -1;
-    caps.logPixelsX = 72;
-    caps.logPixelsY = 72;
-}
+// 10 pixels a millimetre both ways, 72 pixels an inch for text: a 9 point font is 9 pixels.
+RecordingCanvas::RecordingCanvas() : caps{100, 60, 1000, 600, 32, 1, -1, 72, 72} {}
 
 PlotCanvas RecordingCanvas::Table() {
     PlotCanvas dc;
     dc.context = this;
-    dc.GetCaps = [](void* c, CanvasCaps* caps) {
-        *caps = R(c).caps;
-        return 1;
+    dc.GetCaps = [](void* c, CanvasCaps* caps) { return *caps = R(c).caps, 1; };
+    dc.FillRect = [](void* c, const CanvasRect& r, CanvasColor k) {
+        Add(c, "FillRect", Args(r, {Int(k)}));
     };
-    dc.FillRect = [](void* c, const CanvasRect& r, CanvasColor color) {
-        auto args = RectArgs(r);
-        args.push_back(static_cast<int>(color));
-        Add(c, "FillRect", args);
-    };
-    dc.SetPen = [](void* c, int style, int width, CanvasColor color) {
-        Add(c, "SetPen", {style, width, static_cast<int>(color)});
+    dc.SetPen = [](void* c, int style, int w, CanvasColor k) {
+        Add(c, "SetPen", {style, w, Int(k)});
     };
     dc.SetFont = [](void* c, const CanvasFont& f) {
         Add(c, "SetFont", {f.pixelHeight, f.weight, f.italic}, f.face);
     };
-    dc.SetTextColor = [](void* c, CanvasColor color) {
-        Add(c, "SetTextColor", {static_cast<int>(color)});
-    };
+    dc.SetTextColor = [](void* c, CanvasColor k) { Add(c, "SetTextColor", {Int(k)}); };
     dc.CharWidth = [](void* c, char) { return R(c).charWidth; };
     dc.DrawText = [](void* c, const char* text, const CanvasRect& r, unsigned flags) {
-        auto args = RectArgs(r);
-        args.push_back(static_cast<int>(flags));
-        Add(c, "DrawText", args, text);
+        Add(c, "DrawText", Args(r, {static_cast<int>(flags)}), text);
     };
-    dc.MoveTo = [](void* c, int x, int y) {
-        R(c).current = CanvasPoint{x, y};
-        Add(c, "MoveTo", {x, y});
-    };
-    dc.LineTo = [](void* c, int x, int y) {
-        R(c).current = CanvasPoint{x, y};
-        Add(c, "LineTo", {x, y});
-    };
+    dc.MoveTo = [](void* c, int x, int y) { R(c).current = {x, y}, Add(c, "MoveTo", {x, y}); };
+    dc.LineTo = [](void* c, int x, int y) { R(c).current = {x, y}, Add(c, "LineTo", {x, y}); };
     dc.GetCurrentPosition = [](void* c, CanvasPoint* p) { *p = R(c).current; };
     dc.Polyline = [](void* c, const CanvasPoint* points, unsigned count) {
         std::vector<int> args;
-        for (unsigned i = 0; i < count; ++i) {
-            args.push_back(points[i].x);
-            args.push_back(points[i].y);
-        }
+        for (unsigned i = 0; i < count; ++i)
+            args.insert(args.end(), {points[i].x, points[i].y});
         Add(c, "Polyline", args);
     };
-    dc.Ellipse = [](void* c, const CanvasRect& r) { Add(c, "Ellipse", RectArgs(r)); };
-    dc.SetPixel = [](void* c, int x, int y, CanvasColor color) {
-        Add(c, "SetPixel", {x, y, static_cast<int>(color)});
-    };
-    dc.SetClipRect = [](void* c, const CanvasRect& r) { Add(c, "SetClipRect", RectArgs(r)); };
+    dc.Ellipse = [](void* c, const CanvasRect& r) { Add(c, "Ellipse", Args(r)); };
+    dc.SetPixel = [](void* c, int x, int y, CanvasColor k) { Add(c, "SetPixel", {x, y, Int(k)}); };
+    dc.SetClipRect = [](void* c, const CanvasRect& r) { Add(c, "SetClipRect", Args(r)); };
     dc.RemoveClip = [](void* c) { Add(c, "RemoveClip", {}); };
     return dc;
 }
@@ -91,7 +67,7 @@ std::vector<CanvasCall> RecordingCanvas::Calls(const std::string& op) const {
 
 std::vector<std::string> RecordingCanvas::Texts() const {
     std::vector<std::string> out;
-    for (const CanvasCall& call : calls)
-        if (call.op == "DrawText") out.push_back(call.text);
+    for (const CanvasCall& call : Calls("DrawText"))
+        out.push_back(call.text);
     return out;
 }

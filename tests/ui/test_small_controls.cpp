@@ -1,0 +1,99 @@
+// The scroll helper, the enabling helpers and the headless fixed text dialog.
+#include "fake_dialog.h"
+#include "platform/headless_host.h"
+#include "ui/dialog_helpers.h"
+#include "ui/scroll_helper.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace {
+
+TEST(ScrollHelper, MovesWithinLimitsAndBeepsAtThem) {
+    struct Row {
+        int request, thumb, page;
+        bool ctrl;
+        int from, to;
+        bool beep;
+    };
+    // The range is 10..110 throughout.
+    const Row rows[] = {
+        {SB_LINEUP, 0, 4, false, 50, 49, false},
+        {SB_LINEDOWN, 0, 4, false, 50, 51, false},
+        {SB_PAGEUP, 0, 4, false, 50, 46, false},
+        {SB_PAGEDOWN, 0, 4, false, 50, 54, false},
+        {SB_LINEUP, 0, 4, true, 50, 34, false},
+        {SB_PAGEUP, 0, 4, true, 80, 16, false},
+        {SB_PAGEDOWN, 0, 3, true, 50, 77, false},
+        {SB_THUMBPOSITION, 37, 4, false, 50, 37, false},
+        {SB_THUMBTRACK, 63, 4, true, 50, 63, false},
+        {SB_TOP, 0, 4, true, 50, 10, false},
+        {SB_BOTTOM, 0, 4, false, 50, 110, false},
+        {SB_ENDSCROLL, 0, 4, false, 50, 50, false},
+        {SB_LINEUP, 0, 4, false, 11, 10, false},
+        {SB_LINEUP, 0, 4, false, 10, 10, true},
+        {SB_LINEDOWN, 0, 4, false, 110, 110, true},
+        {SB_PAGEUP, 0, 4, false, 12, 10, true},
+        {SB_LINEDOWN, 0, 4, true, 100, 110, true},
+        {SB_PAGEDOWN, 0, 2000, true, 10, 110, true}, // 2000 cubed does not fit 32 bits
+        {SB_THUMBTRACK, 200, 4, false, 50, 110, true},
+        {SB_ENDSCROLL, 0, 4, false, 120, 110, true},
+    };
+    for (const Row& r : rows) {
+        HeadlessReset();
+        int position = r.from;
+        int changed = ScrollPosition(r.request, r.thumb, 10, 110, r.page, r.ctrl, &position);
+        SCOPED_TRACE(testing::Message() << "request " << r.request << " from " << r.from);
+        EXPECT_EQ(r.to, position);
+        EXPECT_EQ(r.to != r.from, changed != 0);
+        EXPECT_EQ(r.beep ? std::vector<unsigned>{BEEP_SIMPLE} : std::vector<unsigned>{},
+                  HeadlessBeeps());
+    }
+}
+
+TEST(DialogHelpers, EnableListsOfControlsAndMenuItems) {
+    FakeDialog fake;
+    for (int id : {1, 2, 3, 4})
+        fake.controls[id];
+    const int ids[] = {2, 4, 9};
+    EnableControls(&fake.dialog, ids, 3, 0);
+    EXPECT_TRUE(fake.controls[1].enabled && fake.controls[3].enabled);
+    EXPECT_FALSE(fake.controls[2].enabled || fake.controls[4].enabled);
+    EnableControls(&fake.dialog, ids, 1, 5);
+    EXPECT_TRUE(fake.controls[2].enabled);
+    EXPECT_FALSE(fake.controls[4].enabled);
+
+    const MenuOps ops = {
+        .Enable = [](void* c, int id, int on) { (*static_cast<std::map<int, int>*>(c))[id] = on; }};
+    std::map<int, int> items; // id -> enabled, as the fake menu was told
+    const Menu menu = {&ops, &items};
+    const std::pair<unsigned, int> flags[] = {
+        {MF_GRAYED, 0}, {MF_ENABLED, 1}, {MF_DISABLED, 0}, {MF_GRAYED | MF_DISABLED, 0}};
+    for (auto [f, expected] : flags) {
+        items.clear();
+        EnableMenuItems(&menu, ids, 2, f);
+        EXPECT_EQ((std::map<int, int>{{2, expected}, {4, expected}}), items) << f;
+    }
+}
+
+TEST(HeadlessHost, RecordsAndEchoesFixedTexts) {
+    HeadlessReset();
+    HeadlessSetEcho(true);
+    testing::internal::CaptureStdout();
+    int owner = 0;
+    Host().ShowFixedText(&owner, "Ic table", "I\t\xB5V\r\n1\t2");
+    Host().ShowFixedText(nullptr, "Rn", "x\n");
+    std::string out = testing::internal::GetCapturedStdout();
+    HeadlessSetEcho(false);
+    EXPECT_EQ("[Ic table]\nI\t\xB5V\r\n1\t2\n[Rn]\nx\n", out);
+    std::vector<HeadlessFixedText> shown = HeadlessFixedTexts();
+    ASSERT_EQ(2u, shown.size());
+    EXPECT_EQ(&owner, shown[0].owner);
+    EXPECT_EQ("Ic table", shown[0].caption);
+    EXPECT_EQ("I\t\xB5V\r\n1\t2", shown[0].text);
+    HeadlessReset();
+    EXPECT_TRUE(HeadlessFixedTexts().empty());
+}
+
+} // namespace
