@@ -88,15 +88,6 @@ const Point& Curve::GetPoint(std::uint32_t i) const {
     return i < count ? points[i] : SparePoint();
 }
 
-std::int64_t Curve::DeletePoints(std::uint32_t first, std::uint32_t last) {
-    VASSERT(first < count);
-    VASSERT(last < count);
-    VASSERT(last >= first);
-    if (first >= count || last >= count || last < first) return count;
-    std::copy(points + last + 1, points + count, points + first);
-    return ShrinkTo(count - (last - first + 1));
-}
-
 std::int64_t Curve::ShrinkTo(std::uint32_t n) {
     if (Resize(n) >= 0) return n;
     // The larger array still holds the right points; only its spare room stays allocated.
@@ -114,28 +105,10 @@ void Curve::Clear() {
     marked = 0;
 }
 
-Curve Curve::Scaled(const Point& p) {
-    for (std::uint32_t i = 0; i < count; ++i)
-        points[i] *= p;
-    return *this;
-}
-
 int Curve::SetName(const char* text) {
     return BoundedCopy(name, text);
 }
 
 int Curve::AppendToName(const char* text) {
     return BoundedAppend(name, text);
-}
-
-bool Curve::HasPointInRectangle(FloatRect& r) const {
-    NormalizeRect(r);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        if (IsInRect(r, points[i])) return true;
-    }
-    return false;
-}
-
-void Curve::MarkIfInRectangle(FloatRect& r) {
-    if (HasPointInRectangle(r)) Mark();
 }

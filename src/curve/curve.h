@@ -1,6 +1,5 @@
 // A named, growable array of points: the unit of all measured and computed data.
 #pragma once
-#include "curve/float_rect.h"
 #include "curve/point.h"
 
 #include <climits>
@@ -39,15 +38,8 @@ class Curve {
     // An index at or past count fails the check and gives a spare point, never foreign memory.
     Point& GetPoint(std::uint32_t i);
     const Point& GetPoint(std::uint32_t i) const;
-    // Removes first..last inclusive and shrinks the array to fit. Returns the new count. Without
-    // memory for the smaller array the points are removed all the same, the old array stays,
-    // and the result is kCurveFailure.
-    std::int64_t DeletePoints(std::uint32_t first, std::uint32_t last);
     // Frees the points and returns every field, name, tag and mark included, to its first state.
     void Clear();
-
-    // Multiplies every point in place by p, componentwise, and returns a copy.
-    Curve Scaled(const Point& p);
 
     // 1 when the text fit, 0 when it was cut to 127 characters.
     int SetName(const char* text);
@@ -57,10 +49,6 @@ class Curve {
     void Mark() { marked = 1; }
     void Unmark() { marked = 0; }
     bool IsMarked() const { return marked != 0; }
-    // Normalises r in place.
-    bool HasPointInRectangle(FloatRect& r) const;
-    // Leaves the mark alone when no point is inside.
-    void MarkIfInRectangle(FloatRect& r);
 
     // Extremes of the whole curve. first is only checked (first >= count fails) and last is
     // ignored: the scan always covers every point. An empty curve gives false and leaves out
@@ -69,10 +57,6 @@ class Curve {
     bool MaxY(float& out, std::uint32_t first = 0, std::uint32_t last = UINT_MAX) const;
     bool MinX(float& out, std::uint32_t first = 0, std::uint32_t last = UINT_MAX) const;
     bool MinY(float& out, std::uint32_t first = 0, std::uint32_t last = UINT_MAX) const;
-
-    // Deletes the points inside r (edges included), normalising r in place. 1 when a deletion
-    // ran short of memory (the points are gone all the same), else 0.
-    int DeleteInRectangle(FloatRect& r);
 
     // First derivative. Points with bitwise-equal x are first merged into their mean; with
     // fewer than 2 merged points the curve is cleared, name and mark included. Returns the new
@@ -92,27 +76,3 @@ static_assert(sizeof(Curve) % 2 == 0, "curve records are exchanged in 16-bit wor
 static_assert(std::is_standard_layout_v<Curve>, "curve records are moved bytewise");
 
 enum Coordinate { CoordinateX = 0, CoordinateY = 1 };
-
-// Index of the extreme of one coordinate over [first, end), end cut to count; the first of
-// equal extremes wins. An empty curve, first >= count or end < first fail the check and give
-// kCurveFailure.
-std::int64_t IndexOfMaxCoordinate(Coordinate coordinate, const Curve& curve,
-                                  std::uint32_t first = 0, std::uint32_t end = UINT_MAX);
-std::int64_t IndexOfMinCoordinate(Coordinate coordinate, const Curve& curve,
-                                  std::uint32_t first = 0, std::uint32_t end = UINT_MAX);
-inline std::int64_t IndexOfMinX(const Curve& c, std::uint32_t first = 0,
-                                std::uint32_t end = UINT_MAX) {
-    return IndexOfMinCoordinate(CoordinateX, c, first, end);
-}
-inline std::int64_t IndexOfMaxX(const Curve& c, std::uint32_t first = 0,
-                                std::uint32_t end = UINT_MAX) {
-    return IndexOfMaxCoordinate(CoordinateX, c, first, end);
-}
-inline std::int64_t IndexOfMinY(const Curve& c, std::uint32_t first = 0,
-                                std::uint32_t end = UINT_MAX) {
-    return IndexOfMinCoordinate(CoordinateY, c, first, end);
-}
-inline std::int64_t IndexOfMaxY(const Curve& c, std::uint32_t first = 0,
-                                std::uint32_t end = UINT_MAX) {
-    return IndexOfMaxCoordinate(CoordinateY, c, first, end);
-}

@@ -2,28 +2,6 @@
 
 #include <bit>
 
-int Curve::DeleteInRectangle(FloatRect& r) {
-    NormalizeRect(r);
-    int result = 0;
-    bool runOpen = false;
-    std::uint32_t runStart = 0;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        if (IsInRect(r, points[i])) {
-            if (!runOpen) {
-                runOpen = true;
-                runStart = i;
-            }
-        } else if (runOpen) {
-            if (DeletePoints(runStart, i - 1) < 0) result = 1;
-            // The point now at runStart is the outside one just tested; go on after it.
-            i = runStart;
-            runOpen = false;
-        }
-    }
-    if (runOpen && DeletePoints(runStart, count - 1) < 0) result = 1;
-    return result;
-}
-
 std::uint32_t Curve::MergeEqualX() {
     std::uint32_t m = 0;
     std::uint32_t i = 0;

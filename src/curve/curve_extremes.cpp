@@ -32,23 +32,6 @@ bool Less(float a, float b) {
     return a < b;
 }
 
-template <class Better>
-std::int64_t IndexOfExtreme(Coordinate c, const Curve& curve, std::uint32_t first,
-                            std::uint32_t end, Better better) {
-    VASSERT(curve.count > 0);
-    if (curve.count == 0) return kCurveFailure;
-    VASSERT(first < curve.count);
-    if (first >= curve.count) return kCurveFailure;
-    if (end > curve.count) end = curve.count;
-    VASSERT(end >= first);
-    if (end < first) return kCurveFailure;
-    std::uint32_t best = first;
-    for (std::uint32_t i = first + 1; i < end; ++i) {
-        if (better(Coord(curve.points[i], c), Coord(curve.points[best], c))) best = i;
-    }
-    return best;
-}
-
 } // namespace
 
 bool Curve::MaxX(float& out, std::uint32_t first, std::uint32_t) const {
@@ -65,14 +48,4 @@ bool Curve::MinX(float& out, std::uint32_t first, std::uint32_t) const {
 
 bool Curve::MinY(float& out, std::uint32_t first, std::uint32_t) const {
     return Extreme(*this, CoordinateY, FLT_MAX, Less, out, first);
-}
-
-std::int64_t IndexOfMaxCoordinate(Coordinate coordinate, const Curve& curve, std::uint32_t first,
-                                  std::uint32_t end) {
-    return IndexOfExtreme(coordinate, curve, first, end, Greater);
-}
-
-std::int64_t IndexOfMinCoordinate(Coordinate coordinate, const Curve& curve, std::uint32_t first,
-                                  std::uint32_t end) {
-    return IndexOfExtreme(coordinate, curve, first, end, Less);
 }

@@ -73,8 +73,6 @@ class CurveFamily {
 
     void MarkAll();
     void UnmarkAll();
-    // Marks exactly the curves with a point in r; normalises r in place.
-    void MarkInRectangle(FloatRect& r);
     std::uint32_t CountMarked() const;
     // 1 when a curve was deleted, else 0.
     int DeleteMarked();
@@ -83,18 +81,12 @@ class CurveFamily {
 
     // Exchanges x and y of every point and the two unit names.
     void SwapAxes();
-    // Curve::DeleteInRectangle on each curve; curves left empty go. Non-zero when memory ran
-    // short on the way (the command then restores its undo copy).
-    int DeleteInRectangle(FloatRect& r);
     // Curves with fewer than 2 points are discarded and make the result 1: the command then
     // calls ReportDiscardedCurves. Relabels units and title, with a box when a text was cut.
     int DifferentiateX();
     // Same numbers; both axes get the quotient of the unit names.
     int DifferentiateY();
     void Integrate();
-    // Splits curve c around the interior point p, which belongs to neither half. Nothing
-    // happens for p = 0 or the last point. 1, or 0 when memory ran out (family unchanged).
-    int SplitCurve(std::uint32_t c, std::uint32_t p);
 
   private:
     void Relabel(const char* unitsPattern, const char* titlePattern, const char* caption);

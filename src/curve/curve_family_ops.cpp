@@ -48,12 +48,6 @@ void CurveFamily::UnmarkAll() {
         curves[i].Unmark();
 }
 
-void CurveFamily::MarkInRectangle(FloatRect& r) {
-    UnmarkAll();
-    for (std::uint32_t i = 0; i < count; ++i)
-        curves[i].MarkIfInRectangle(r);
-}
-
 std::uint32_t CurveFamily::CountMarked() const {
     std::uint32_t n = 0;
     for (std::uint32_t i = 0; i < count; ++i)
@@ -89,20 +83,6 @@ void CurveFamily::SwapAxes() {
             std::swap(c.points[k].x, c.points[k].y);
     }
     ExchangeObjects(xUnits, yUnits);
-}
-
-int CurveFamily::DeleteInRectangle(FloatRect& r) {
-    int result = 0;
-    std::uint32_t i = 0;
-    while (i < count) {
-        result |= curves[i].DeleteInRectangle(r);
-        if (curves[i].count == 0) {
-            DeleteCurves(i, i);
-        } else {
-            ++i;
-        }
-    }
-    return result;
 }
 
 namespace {
@@ -165,25 +145,6 @@ void CurveFamily::Relabel(const char* unitsPattern, const char* titlePattern, co
         MessageBoxBeep(nullptr, "The name of plot is too long.\nTruncated.", caption,
                        MB_OK | MB_ICONINFORMATION);
     }
-}
-
-int CurveFamily::SplitCurve(std::uint32_t c, std::uint32_t p) {
-    VASSERT(c < count);
-    if (c >= count) return 1;
-    if (p == 0 || p + 1 >= curves[c].count) return 1;
-    const std::uint32_t before = count;
-    if (SetCurveCount(count + 1) == before) return 0;
-    MoveCurve(count - 1, c + 1);
-    curves[c + 1] = curves[c];
-    if (curves[c + 1].count != curves[c].count) {
-        DeleteCurves(c + 1, c + 1);
-        return 0;
-    }
-    curves[c].DeletePoints(p, curves[c].count - 1);
-    curves[c + 1].DeletePoints(0, p);
-    curves[c].AppendToName("#1");
-    curves[c + 1].AppendToName("#2");
-    return 1;
 }
 
 void ReportDiscardedCurves() {

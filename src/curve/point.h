@@ -14,14 +14,6 @@ struct Point {
         y *= p.y;
         return *this;
     }
-
-    // The tolerance hides the rounding of values that went through text or float arithmetic.
-    static constexpr float kTolerance = 0.0001f;
-
-    // False only when both coordinates agree within the tolerance.
-    bool Differs(const Point& p) const;
-    // False only when both coordinates differ by more than the tolerance.
-    bool DiffersNotInBoth(const Point& p) const;
 };
 
 static_assert(sizeof(Point) == 8, "points are stored contiguously, 8 bytes each");

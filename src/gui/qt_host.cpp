@@ -22,7 +22,9 @@
 #include <QUrl>
 #endif
 
+#include <condition_variable>
 #include <cstring>
+#include <mutex>
 #include <utility>
 
 namespace {
@@ -36,13 +38,30 @@ bool OnGuiThread() {
     return QThread::currentThread() == qApp->thread();
 }
 
-// Runs f on the interface thread; the caller waits when it is another thread.
+// Runs f on the interface thread; the caller waits when it is another thread, on its own lock
+// rather than on Qt's blocking connection, so that f's writes come before the caller's reads in
+// an order ThreadSanitizer sees.
 template <typename F> void OnGui(F f, bool wait) {
-    if (OnGuiThread())
+    if (OnGuiThread()) {
         f();
-    else
-        QMetaObject::invokeMethod(qApp, std::move(f),
-                                  wait ? Qt::BlockingQueuedConnection : Qt::QueuedConnection);
+        return;
+    }
+    if (!wait) {
+        QMetaObject::invokeMethod(qApp, std::move(f), Qt::QueuedConnection);
+        return;
+    }
+    std::mutex lock;
+    std::condition_variable ended;
+    bool done = false;
+    auto call = [&] {
+        f();
+        std::lock_guard<std::mutex> hold(lock);
+        done = true;
+        ended.notify_one();
+    };
+    QMetaObject::invokeMethod(qApp, call, Qt::QueuedConnection);
+    std::unique_lock<std::mutex> hold(lock);
+    ended.wait(hold, [&] { return done; });
 }
 
 QMessageBox::Icon IconOf(unsigned flags) {

@@ -98,10 +98,6 @@ u32 ScaleFromCardBits(int current, u32 bits);
 u32 SliderPositionFromBits(int current, u32 bits, u32 positions);
 u32 BitsFromSliderPosition(int current, u32 position, u32 positions);
 
-// Shakes sweep1 between two limits on the common scale, repeats times up and down, writing
-// directly with no MaxDACStep ramp.
-void RunPrimitiveGenerator(u32 lowLimit, u32 highLimit, unsigned repeats);
-
 // --- Physical values -----------------------------------------------------------------------
 
 // Volts at the sample, before the sign of a "Negative" voltage.
@@ -140,8 +136,6 @@ int ListSignalVoltages(int* list = nullptr);
 int CountConnectedCurrents();
 int CountConnectedVoltages();
 int CountSweep1Currents();
-// The longest waveform among the waveform currents by waveformLength(program), 0 for none.
-int LongestWaveCurrentLength(int (*waveformLength)(int program));
 
 // --- Settings ------------------------------------------------------------------------------
 

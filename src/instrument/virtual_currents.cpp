@@ -135,33 +135,6 @@ void SetCurrentNormalized(f64 value, int current) {
     SetCurrentAbs(dac.MinReading + static_cast<u32>((value + 1.0) * span / 2.0), current);
 }
 
-void RunPrimitiveGenerator(u32 lowLimit, u32 highLimit, unsigned repeats) {
-    const int first = FirstSweep1Current();
-    if (first < 0) return;
-    const i64 step = PrimitiveGeneratorStep ? PrimitiveGeneratorStep : 1;
-    auto output = [first](i64 position) {
-        u32 cardBits = ScaleToCardBits(first, static_cast<u32>(position));
-        for (int i = 0; i < kCurrentChannelCount; ++i) {
-            if (!IsSweep1Current(i)) continue;
-            u32 bits = MirrorCurrentBits(i, cardBits);
-            const CurrentChannel& c = CurrentChannels[i];
-            WriteDacBits(c.DACSlot, c.DACChan, static_cast<u16>(bits));
-            DacState[i] = bits;
-        }
-    };
-    i64 position = ScaleFromCardBits(first, MirrorCurrentBits(first, DacState[first]));
-    for (unsigned r = 0; r < repeats; ++r) {
-        while (position < i64(highLimit) - step) {
-            output(position);
-            position += step;
-        }
-        while (position > i64(lowLimit) + step) {
-            output(position);
-            position -= step;
-        }
-    }
-}
-
 f32 AmpsFromBits(f32 bits, int current) {
     VASSERT(current >= 0 && current < kCurrentChannelCount);
     const CurrentChannel& c = CurrentChannels[current];
@@ -241,14 +214,4 @@ int CountConnectedCurrents() {
 }
 int CountSweep1Currents() {
     return CountCurrents(IsSweep1Current);
-}
-
-int LongestWaveCurrentLength(int (*waveformLength)(int program)) {
-    int longest = 0;
-    for (int i = 0; i < kCurrentChannelCount; ++i)
-        if (IsWaveCurrent(i)) {
-            int length = waveformLength(CurrentChannels[i].kind - CURRENT_WAVEFORM0);
-            if (length > longest) longest = length;
-        }
-    return longest;
 }

@@ -176,27 +176,3 @@ const char* Positional(int n) {
         if (gArgVector[i] && gArgVector[i][0] != '-' && --n == 0) return gArgVector[i];
     return nullptr;
 }
-
-unsigned CountWords(const char* text) {
-    unsigned count = 0;
-    std::size_t at = 0, length;
-    const char* word;
-    while (text && NextWord(text, &at, &word, &length))
-        ++count;
-    return count;
-}
-
-bool WordAt(const char* text, unsigned index, char* word, size_t size) {
-    std::size_t at = 0, length;
-    const char* start;
-    for (unsigned i = 0; text && NextWord(text, &at, &start, &length); ++i) {
-        if (i != index) continue;
-        if (word && size) {
-            std::size_t n = length < size ? length : size - 1;
-            std::memcpy(word, start, n);
-            word[n] = '\0';
-        }
-        return true;
-    }
-    return false;
-}

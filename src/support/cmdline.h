@@ -23,22 +23,13 @@ int FindSwitchAfter(int after, const char* name, char* text, size_t size);
 bool FindSwitchIn(const char* list, const char* name, char* text, size_t size);
 
 int SwitchInt(const char* name, int defaultValue);
-double SwitchDouble(const char* name, double defaultValue);
 int SwitchBool(const char* name, int defaultValue);
 void SwitchString(const char* name, const char* defaultValue, char* text, size_t size);
-// Number of values read.
-unsigned SwitchDoubleList(const char* name, double* list, unsigned capacity);
-unsigned SwitchIntList(const char* name, int* list, unsigned capacity);
 
 // One plus the number of arguments that are not switches.
 int PositionalCount();
 // The n-th such argument from 1, or null; 0 gives entry 0, the program.
 const char* Positional(int n);
-int PositionalInt(int n, int defaultValue);
-double PositionalDouble(int n, double defaultValue);
-
-unsigned CountWords(const char* text);
-bool WordAt(const char* text, unsigned index, char* word, size_t size);
 
 // "st", "nd", "rd" for a last digit 1, 2, 3 (also in 11, 12, 13), "th" for all others.
 const char* OrdinalSuffix(int n);

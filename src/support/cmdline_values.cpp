@@ -113,15 +113,6 @@ int SwitchInt(const char* name, int defaultValue) {
     return value;
 }
 
-double SwitchDouble(const char* name, double defaultValue) {
-    double value = defaultValue;
-    EachValue(name, [&](const char* text) {
-        if (!WholeDouble(text, &value))
-            CmdLineFail(4, "Invalid -%s parameter -- not a number\n", name);
-    });
-    return value;
-}
-
 int SwitchBool(const char* name, int defaultValue) {
     int value = defaultValue;
     EachValue(name, [&](const char* text) {
@@ -149,32 +140,4 @@ void SwitchString(const char* name, const char* defaultValue, char* text, size_t
         if (!*rest) StringMissing(name);
         if (text && size) BoundedCopy(text, rest, size);
     }
-}
-
-unsigned SwitchDoubleList(const char* name, double* list, unsigned capacity) {
-    return ReadList(name, list, capacity, ToDouble);
-}
-
-unsigned SwitchIntList(const char* name, int* list, unsigned capacity) {
-    return ReadList(name, list, capacity, ToInt);
-}
-
-int PositionalInt(int n, int defaultValue) {
-    const char* text = Positional(n);
-    if (!text) return defaultValue;
-    int value;
-    if (!WholeInt(text, &value))
-        CmdLineFail(4, "The %d%s parameter is invalid:\"%s\" is not an integer\n", n,
-                    OrdinalSuffix(n), text);
-    return value;
-}
-
-double PositionalDouble(int n, double defaultValue) {
-    const char* text = Positional(n);
-    if (!text) return defaultValue;
-    double value;
-    if (!WholeDouble(text, &value))
-        CmdLineFail(4, "The %d%s parameter is invalid:\"%s\" is not an floating point number\n", n,
-                    OrdinalSuffix(n), text);
-    return value;
 }

@@ -1,4 +1,5 @@
-// A rack of cards described in a few fields, served through a DaqDriver of plain functions.
+// A rack of cards described in a few fields, served through a DaqDriver of plain functions:
+// NI-DAQ version 0612, an SCXI chassis at address 5 with 4 slots when scxiChassis is set.
 #pragma once
 #include "instrument/daq/daq_driver.h"
 
@@ -21,20 +22,14 @@ struct FakeCard {
 };
 
 struct FakeRack {
-    u32 version = 0x0612;
-    bool versionFails = false;
     std::vector<FakeCard> cards;
     i16 scxiChassis = 0; // 1 to 3, or 0 for none
-    i16 scxiAddress = 5;
-    i16 scxiSlots = 4;
     // Single-point behaviour.
     i16 aiReadStatus = 0;
     i16 daqOpStatus = 0;
     i16 nextReading = 0;
     i16 writeStatus = 0;
     // What reached the driver.
-    int daqOpCalls = 0;
-    int daqVScaleCalls = 0;
     struct Write {
         i16 chassis, slot, channel, opCode, rangeCode, reading;
     };

@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <mutex>
-#include <sstream>
+#include <iterator>
 #include <csignal>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -25,13 +25,9 @@ int gCaptureDepth = 0;
 std::vector<std::string> gCaptured;
 
 void TestAssertHandler(const char* expression, const char* file, unsigned line) {
-    {
-        std::lock_guard<std::mutex> hold(gCaptureLock);
-        if (gCaptureDepth > 0) {
-            gCaptured.push_back(expression);
-            return;
-        }
-    }
+    std::unique_lock<std::mutex> hold(gCaptureLock);
+    if (gCaptureDepth > 0) return gCaptured.push_back(expression);
+    hold.unlock();
     ADD_FAILURE_AT(file, static_cast<int>(line)) << "check failed: " << expression;
 }
 
@@ -47,33 +43,21 @@ AssertCapture::~AssertCapture() {
     --gCaptureDepth;
 }
 
-int AssertCapture::Count() const {
-    std::lock_guard<std::mutex> hold(gCaptureLock);
-    return static_cast<int>(gCaptured.size());
-}
-
 std::vector<std::string> AssertCapture::Messages() const {
     std::lock_guard<std::mutex> hold(gCaptureLock);
     return gCaptured;
 }
 
-namespace {
-
-ProcessResult RunAndWait(const std::vector<std::string>& argv, const std::string& dir,
-                         const std::string& input, int signal, int afterMs,
-                         const std::string& waitFor) {
-    ProcessResult result;
+ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
+                                  const std::string& waitFor, const std::string& dir) {
     TempDir scratch;
-    std::string outPath = scratch.File("out"), errPath = scratch.File("err"),
-                inPath = scratch.File("in");
-    WriteWholeFile(inPath, input);
+    std::string outPath = scratch.File("out"), errPath = scratch.File("err");
     pid_t pid = fork();
     if (pid == 0) {
         if (!dir.empty() && chdir(dir.c_str()) != 0) _exit(126);
-        FILE* in = std::freopen(inPath.c_str(), "r", stdin);
-        FILE* out = std::freopen(outPath.c_str(), "w", stdout);
-        FILE* err = std::freopen(errPath.c_str(), "w", stderr);
-        if (!in || !out || !err) _exit(126);
+        if (!std::freopen("/dev/null", "r", stdin) || !std::freopen(outPath.c_str(), "w", stdout) ||
+            !std::freopen(errPath.c_str(), "w", stderr))
+            _exit(126);
         std::vector<char*> args;
         for (const auto& a : argv)
             args.push_back(const_cast<char*>(a.c_str()));
@@ -95,35 +79,20 @@ ProcessResult RunAndWait(const std::vector<std::string>& argv, const std::string
         }
     }
     if (!reaped) waitpid(pid, &status, 0);
-    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    result.out = ReadWholeFile(outPath);
-    result.err = ReadWholeFile(errPath);
-    return result;
-}
-
-} // namespace
-
-ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir,
-                         const std::string& input) {
-    return RunAndWait(argv, dir, input, 0, 0, "");
-}
-
-ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
-                                  const std::string& waitFor) {
-    return RunAndWait(argv, "", "", signal, afterMs, waitFor);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+            ReadWholeFile(outPath), ReadWholeFile(errPath)};
 }
 
 ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir) {
     std::vector<std::string> argv{VANTREL_CLI_PATH};
     argv.insert(argv.end(), args.begin(), args.end());
-    return RunProcess(argv, dir);
+    return RunProcessSignalled(argv, 0, 0, "", dir);
 }
 
 TempDir::TempDir() {
     static std::atomic<int> serial{0};
-    std::filesystem::path base = std::filesystem::path(VANTREL_BINARY_DIR) / "test-tmp";
-    std::filesystem::create_directories(base);
-    path_ = (base / ("t" + std::to_string(getpid()) + "_" + std::to_string(serial++))).string();
+    path_ = std::string(VANTREL_BINARY_DIR) + "/test-tmp/t" + std::to_string(getpid()) + "_" +
+            std::to_string(serial++);
     std::filesystem::remove_all(path_);
     std::filesystem::create_directories(path_);
 }
@@ -135,28 +104,18 @@ TempDir::~TempDir() {
 
 std::string ReadWholeFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 void WriteWholeFile(const std::string& path, const std::string& text) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-}
-
-std::string SourcePath(const std::string& relative) {
-    return std::string(VANTREL_SOURCE_DIR) + "/" + relative;
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
 std::string UnwritableFolder(const TempDir& dir) {
-    if (geteuid() != 0) {
-        std::filesystem::create_directory(dir.File("locked"));
-        chmod(dir.File("locked").c_str(), 0555);
-        return dir.File("locked");
-    }
-    WriteWholeFile(dir.File("plain"), "");
-    return dir.File("plain/sub");
+    if (geteuid() == 0) return WriteWholeFile(dir.File("plain"), ""), dir.File("plain/sub");
+    std::filesystem::create_directory(dir.File("locked"));
+    chmod(dir.File("locked").c_str(), 0555);
+    return dir.File("locked");
 }
 
 // Every test starts on the headless host with a clean record and checks that fail the test.

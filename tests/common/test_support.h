@@ -11,7 +11,7 @@ class AssertCapture {
     ~AssertCapture();
     AssertCapture(const AssertCapture&) = delete;
     AssertCapture& operator=(const AssertCapture&) = delete;
-    int Count() const;
+    int Count() const { return static_cast<int>(Messages().size()); }
     // The expressions (or messages) reported, oldest first.
     std::vector<std::string> Messages() const;
 };
@@ -22,13 +22,11 @@ struct ProcessResult {
     std::string err;
 };
 
-// Runs a program with arguments (no shell), in dir when given, and collects its output.
-ProcessResult RunProcess(const std::vector<std::string>& argv, const std::string& dir = "",
-                         const std::string& input = "");
-// The same, sending signal to the program afterMs milliseconds after its standard output first
-// holds waitFor (at once when waitFor is empty; at most 60 s of waiting).
+// Runs a program with arguments (no shell), in dir when given, and collects its output; with a
+// signal, sends it afterMs milliseconds after the program's standard output first holds waitFor
+// (at once when waitFor is empty; at most 60 s of waiting).
 ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
-                                  const std::string& waitFor = "");
+                                  const std::string& waitFor = "", const std::string& dir = "");
 // Runs the built vantrel-cli.
 ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir = "");
 
@@ -49,7 +47,9 @@ class TempDir {
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& text);
 // The folder of the sources, for shipped files under data/.
-std::string SourcePath(const std::string& relative);
+inline std::string SourcePath(const std::string& relative) {
+    return std::string(VANTREL_SOURCE_DIR) + "/" + relative;
+}
 // A folder in dir where no file can be made: read-only for a normal user; for the superuser,
 // whom permissions don't stop, a folder under a regular file.
 std::string UnwritableFolder(const TempDir& dir);

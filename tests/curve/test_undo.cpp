@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <tuple>
+
 namespace {
 
 void StartWith(unsigned curves) {
@@ -27,14 +30,12 @@ TEST(Undo, SecondUndoIsARedoAndAnEmptyFamilyLeavesTheCopy) {
     gCurves.SetPlotName("after");
     const Curve* kept = gCurves.curves;
     RestoreUndo();
-    EXPECT_EQ(gCurves.count, 2u);
-    EXPECT_STREQ(gCurves.name, "before");
+    EXPECT_EQ(std::tuple(gCurves.count, std::string(gCurves.name)), std::tuple(2u, "before"));
     RestoreUndo();
-    EXPECT_EQ(gCurves.count, 1u);
-    EXPECT_STREQ(gCurves.name, "after");
-    EXPECT_EQ(gCurves.curves, kept); // exchanged, not copied
-    EXPECT_EQ(gCurves.curves[0].count, 5u);
-    EXPECT_EQ(gPaintedCurves, &gCurves);
+    // Exchanged, not copied.
+    EXPECT_EQ(std::tuple(gCurves.count, std::string(gCurves.name), gCurves.curves,
+                         gCurves.curves[0].count, gPaintedCurves.load()),
+              std::tuple(1u, "after", kept, 5u, &gCurves));
     gCurves.Reset();
     EXPECT_EQ(SaveUndo(), 1);
     EXPECT_EQ(gUndoCurves.count, 2u);
@@ -50,19 +51,17 @@ TEST(Undo, ShortageAsksWhetherToGoOn) {
         AllocationBudget two(2);
         EXPECT_EQ(SaveUndo(), 0);
     }
-    EXPECT_EQ(fUndoEnabled, 0);
-    EXPECT_EQ(gUndoCurves.count, 1u);
+    EXPECT_EQ(std::tuple(fUndoEnabled, gUndoCurves.count), std::tuple(0, 1u));
     {
         AllocationBudget none(0);
         EXPECT_EQ(SaveUndo(), 1);
     }
-    EXPECT_EQ(gUndoCurves.count, 0u);
+    EXPECT_EQ(std::tuple(gUndoCurves.count, gCurves.count), std::tuple(0u, 3u));
     auto boxes = HeadlessBoxes();
     ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].text, "Not enough memory to provide 'Undo'\nContinue Anyway?");
-    EXPECT_EQ(boxes[0].caption, "Undo");
-    EXPECT_EQ(boxes[0].flags & MB_TYPEMASK, unsigned(MB_YESNO));
-    EXPECT_EQ(gCurves.count, 3u);
+    EXPECT_EQ(std::tuple(boxes[0].text, boxes[0].caption, boxes[0].flags & MB_TYPEMASK),
+              std::tuple("Not enough memory to provide 'Undo'\nContinue Anyway?", "Undo",
+                         unsigned(MB_YESNO)));
     gCurves.Reset();
     gUndoCurves.Reset();
 }

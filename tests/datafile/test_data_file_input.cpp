@@ -48,22 +48,20 @@ TEST_F(DataFileTest, ReadsAndItsFailures) {
     }
     // What "absurd" read stays, in curves sized no longer than the bytes can hold.
     ASSERT_GE(gCurves.count, 1u);
-    EXPECT_LT(gCurves.count, 16u);
-    EXPECT_LT(gCurves.GetCurve(0).count, 16u);
+    EXPECT_TRUE(gCurves.count < 16u && gCurves.GetCurve(0).count < 16u);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(1).x, 3.0f);
     // "bare": the stream of numbers goes on across lines; the header stays.
     gCurves.SetPlotName("kept");
     ASSERT_EQ(ReadDataPair(dir.File("bare.dat").c_str(), 0), DATA_PAIR_DONE);
-    EXPECT_STREQ(gCurves.name, "kept");
-    EXPECT_EQ(gCurves.GetCurve(0).count, 3u);
-    EXPECT_EQ(gCurves.GetCurve(1).count, 2u);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(2).x, 9.0f);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(1).GetPoint(1).y, 8.0f);
+    EXPECT_EQ(std::tuple(std::string(gCurves.name), gCurves.GetCurve(0).count,
+                         gCurves.GetCurve(1).count, gCurves.GetCurve(0).GetPoint(2).x,
+                         gCurves.GetCurve(1).GetPoint(1).y),
+              std::tuple("kept", 3u, 2u, 9.0f, 8.0f));
     // "short": points not reached stay zero, and a point without its y is not taken.
     EXPECT_EQ(ReadDataPair(dir.File("short.dat").c_str(), 0), DATA_PAIR_SHORT);
     ASSERT_GE(gCurves.GetCurve(0).count, 4u);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(1).y, 4.0f);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(2).x, 0.0f);
+    EXPECT_EQ(std::tuple(gCurves.GetCurve(0).GetPoint(1).y, gCurves.GetCurve(0).GetPoint(2).x),
+              std::tuple(4.0f, 0.0f));
 }
 
 TEST_F(DataFileTest, PrefixedUnitsScaleAndOldCommentsRead) {
@@ -77,16 +75,16 @@ TEST_F(DataFileTest, PrefixedUnitsScaleAndOldCommentsRead) {
     // Adding scales the points and leaves the family's units alone.
     ASSERT_EQ(ReadDataPair(dat.c_str(), 1), DATA_PAIR_DONE);
     ASSERT_EQ(gCurves.count, 2u);
-    EXPECT_STREQ(gCurves.xUnits, "V");
-    EXPECT_STREQ(gCurves.GetCurve(1).name, "added");
+    EXPECT_EQ(std::tuple(std::string(gCurves.xUnits), std::string(gCurves.GetCurve(1).name)),
+              std::tuple("V", "added"));
     EXPECT_NEAR(gCurves.GetCurve(1).GetPoint(0).x, 2e-3, 1e-9);
     EXPECT_NEAR(gCurves.GetCurve(1).GetPoint(0).y, 3e3, 1e-3);
     // Replacing takes the prefix off the family's unit and scales the same way; a comment of
     // old files stands in one key.
     ASSERT_EQ(ReadDataPair(dat.c_str(), 0), DATA_PAIR_DONE);
-    EXPECT_STREQ(gCurves.yUnits, "A");
+    EXPECT_EQ(std::tuple(std::string(gCurves.yUnits), std::string(gCurves.comment)),
+              std::tuple("A", "old; one key"));
     EXPECT_NEAR(gCurves.GetCurve(0).GetPoint(0).x, 2e-3, 1e-9);
-    EXPECT_STREQ(gCurves.comment, "old; one key");
     // Comment lines that no longer fit are dropped with the internal string error.
     std::string lines = "CommentLines=3\r\nComment0=" + std::string(300, 'a') +
                         "\r\nComment1=" + std::string(300, 'b') + "\r\nComment2=c\r\n";

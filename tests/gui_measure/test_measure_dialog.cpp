@@ -50,7 +50,7 @@ struct MeasureDialog : ::testing::Test {
 // A run from Do It to its end, once to the last point and once stopped: what reaches the cards
 // is off and Cancel reads Stop; the voltage rows scroll meanwhile with no card read from the
 // window thread and show the rows of the scroll bar; the end gives the controls back. With
-// VANTREL_SCREENSHOTS naming a folder, the pictures of the README are taken on the way.
+// VANTREL_SCREENSHOTS naming a folder, the README's pictures are taken after a second at rest.
 TEST_F(MeasureDialog, RunScrollsItsVoltageRowsAndEnds) {
     const char* pictures = std::getenv("VANTREL_SCREENSHOTS");
     BoundedCopy(CurrentChannels[0].comment, "bias");
@@ -72,8 +72,8 @@ TEST_F(MeasureDialog, RunScrollsItsVoltageRowsAndEnds) {
         for (int id : {MC_DoIt, MC_AutoZero, MC_All, MC_Options, MC_CurrentRows})
             EXPECT_FALSE(dlg.Control(id)->isEnabled()) << id;
         EXPECT_EQ("Stop", Button(dlg, MC_Cancel)->text());
-        for (int k = 0; k < 30 && dlg.isVisible(); ++k) {
-            dlg.VoltageScroll()->setValue(k % 4);
+        for (int k = 0; k < (pictures ? 130 : 30) && dlg.isVisible(); ++k) {
+            dlg.VoltageScroll()->setValue(k < 30 ? k % 4 : 0);
             plot.repaint();
             QTest::qWait(10);
         }

@@ -8,8 +8,8 @@
 
 class SimRack {
   public:
-    // Wires the shipped sample when asked: sweep1 bias (monitored), sweep2 coil, signals J1, J2,
-    // array on voltages 0 to 2.
+    // Wires the shipped sample when asked (WireSimSample), with the gain of the bias monitor
+    // and the resistor of the coil, so that both read in amperes.
     explicit SimRack(bool wire = false);
     ~SimRack() { ResetInstrumentDefaults(); }
     const TempDir& Dir() const { return dir_; }
@@ -19,13 +19,13 @@ class SimRack {
     TempDir dir_;
 };
 
-// A driver that forwards to the simulated one and records the writes; AI_Read can be scripted.
+// A driver that forwards to the simulated one and records the writes; AI_Read returns the
+// scripted readings in turn, while any are left, instead of converting; DAQ_Op returns
+// gDaqOpStatus instead of acquiring unless it is 0.
 struct DacWrite {
     int slot, channel, reading;
 };
 void InstallRecordingDriver();
-std::vector<DacWrite>& RecordedWrites();
-// Readings that AI_Read returns in turn instead of converting, while any are left.
-std::vector<int>& ScriptedReadings();
-// Status that DAQ_Op returns instead of acquiring; 0 lets it acquire.
-void FailDaqOp(int status);
+extern std::vector<DacWrite> gRecordedWrites;
+extern std::vector<int> gScriptedReadings;
+extern int gDaqOpStatus;

@@ -1,26 +1,17 @@
 #include "common/test_support.h"
 #include "settings/profile.h"
 #include "measure/measure_options.h"
-#include "platform/headless_host.h"
 
 #include <gtest/gtest.h>
 
+// Load keeps what the file lacks; save writes every key, in order, in its own section.
 TEST(MeasureOptions, DelaysLoadKeepsMissingKeysAndSaveWritesAll) {
     TempDir dir;
     std::string ini = dir.File("vtl.ini");
-    EXPECT_EQ(InteractionTime, 500u);
-    EXPECT_EQ(MaxDACStep, 256u);
     WriteWholeFile(ini, "[Measure]\r\nSystemDecayTime=15\r\nStopAfterEachCurve=1\r\n"
                         "CurrentMesureMethod=1\r\n[Setup]\r\nSwapXY_Axes=1\r\n");
     Delays_LoadOptions(ini.c_str());
     GeneralMeasure_LoadOptions(ini.c_str());
-    EXPECT_EQ(SystemDecayTime, 15u);
-    EXPECT_EQ(StopAfterEachCurve, 1);
-    EXPECT_EQ(InteractionTime, 500u);
-    EXPECT_EQ(PrimitiveGeneratorStep, 256u);
-    EXPECT_EQ(CurrentMesureMethod, 1);
-    EXPECT_EQ(SwapXY_Axes, 1);
-    EXPECT_EQ(RescalePlotAfterMeasurement, 1);
     std::string out = dir.File("out.ini");
     Delays_SaveOptions(out.c_str());
     GeneralMeasure_SaveOptions(out.c_str());
@@ -30,19 +21,7 @@ TEST(MeasureOptions, DelaysLoadKeepsMissingKeysAndSaveWritesAll) {
               "InteractionTime=500\r\nStopAfterEachCurve=1\r\nCurrentMesureMethod=1\r\n"
               "\r\n[Setup]\r\nSwapXY_Axes=1\r\nRescalePlotAfterMeasurement=1\r\n");
     SystemDecayTime = 0;
-    StopAfterEachCurve = 0;
-    CurrentMesureMethod = 0;
-    SwapXY_Axes = 0;
-}
-
-TEST(MeasureOptions, LimitsOfTheDelaysTable) {
-    const SetupRow* rows = gDelaysSetupTable.rows;
-    ASSERT_EQ(gDelaysSetupTable.rowCount, 8u);
-    EXPECT_EQ(rows[4].minimum.u, 1u); // MaxDACStep from 1
-    EXPECT_EQ(rows[5].minimum.u, 1u);
-    EXPECT_EQ(rows[5].maximum.u, 1024u);
-    EXPECT_EQ(rows[7].kind, SETUP_CHECK);
-    EXPECT_EQ(gGeneralMeasureSetupTable.rows[0].kind, SETUP_RADIO);
+    StopAfterEachCurve = CurrentMesureMethod = SwapXY_Axes = 0;
 }
 
 TEST(MeasureOptions, PrintedRows) {
@@ -60,16 +39,7 @@ TEST(MeasureOptions, PrintedRows) {
     CurrentMesureMethod = 1;
     GeneralMeasure_WriteRows(rows);
     CurrentMesureMethod = 0;
-    ASSERT_EQ(rows.rows.size(), 1u);
-    EXPECT_EQ(rows.title, "General Measurement Options");
-    EXPECT_EQ(rows.rows[0].label, "How the sweep current is measured");
-    EXPECT_EQ(rows.rows[0].value, "only on the edges");
-}
-
-TEST(MeasureOptions, DialogsGoThroughTheHostAndCancelChangesNothing) {
-    HeadlessReset();
-    HeadlessScriptDialog(0);
-    EXPECT_EQ(Delays_OptionsDialog(nullptr), 0);
-    EXPECT_EQ(GeneralMeasure_OptionsDialog(nullptr), 1);
-    EXPECT_EQ(InteractionTime, 500u);
+    EXPECT_EQ(
+        OptionRowsText(rows),
+        "General Measurement Options\nHow the sweep current is measured\tonly on the edges\n");
 }

@@ -15,15 +15,10 @@ inline void LoadSim(const TempDir& dir, const std::string& text) {
     SimDaqLoad(dir.File("simdaq.ini").c_str());
 }
 
-inline i16 OutputReading(int slot, int channel, double volts) {
+inline void WriteVolts(int slot, int channel, double volts) {
     i16 r = 0;
     gSimDaqDriver.AO_VScale(static_cast<i16>(slot), static_cast<i16>(channel), volts, &r);
-    return r;
-}
-
-inline void WriteVolts(int slot, int channel, double volts) {
-    gSimDaqDriver.AO_Write(static_cast<i16>(slot), static_cast<i16>(channel),
-                           OutputReading(slot, channel, volts));
+    gSimDaqDriver.AO_Write(static_cast<i16>(slot), static_cast<i16>(channel), r);
 }
 
 // Volts at the card input, the card's gain taken out.

@@ -12,57 +12,50 @@ namespace {
 constexpr double kBiasResistor = 1e4;
 constexpr double kDacStep = 20.0 / 65536 / kBiasResistor;
 
-void SetBiasReading(int reading) {
+void SetBias(int reading) {
     gSimDaqDriver.AO_Write(1, 0, static_cast<i16>(reading));
 }
 double J1Volts() {
     return ReadVolts(1, 0, 10) / 1000;
 }
 
-// Up in single DAC steps until J1 switches, on to `top` times that, then down again: the first
-// bias with a voltage on the way up, the last on the way down.
-std::pair<double, double> RampJ1(double top, double threshold) {
-    double zero = J1Volts(), down = -1;
+// Up from a zero bias in steps: the first reading at which J1 shows 2 uV.
+int SwitchReading(int step) {
+    SetBias(0);
+    const double zero = J1Volts();
     int r = 0;
-    for (; r < 32767; ++r) {
-        SetBiasReading(r);
-        if (J1Volts() - zero > threshold) break;
-    }
-    double up = r * kDacStep;
-    int high = std::min(32767, static_cast<int>(r * top));
-    for (; r <= high; ++r)
-        SetBiasReading(r);
-    for (r = high; r >= 0 && (SetBiasReading(r), J1Volts() - zero > threshold); --r)
-        down = r * kDacStep;
-    return {up, down};
+    while (r < 32767 && J1Volts() - zero < 2e-6)
+        SetBias(r += step);
+    return r;
 }
 
 } // namespace
 
-TEST(SimJunction, RetrapRatioAndRunningBranchFollowRcsj) {
-    for (auto [beta, ratio, tolerance] : {std::tuple(0.0, 1.0, 0.0),
-                                          {0.5, 1.0, 0.0},
-                                          {1.0, 0.964, 0.01},
-                                          {5.0, 0.541, 0.01},
-                                          {100.0, 0.127, 0.005}})
-        EXPECT_NEAR(SimDaqRetrapRatio(beta), ratio, tolerance) << beta;
-    // Overdamped, the running branch is sqrt(i^2 - 1).
-    for (double i : {1.05, 1.5, 3.0, 10.0, 40.0})
-        EXPECT_NEAR(SimDaqRunningVoltage(0, i), std::sqrt(i * i - 1), 1e-3 * i) << i;
-}
-
-// Up at Ic whatever beta_c; down at the retrapping current, not before.
+// Overdamped, the running branch is sqrt(i^2 - 1); the retrapping ratio follows RCSJ. Up at Ic
+// whatever beta_c; down at the retrapping current, not before.
 TEST(SimJunction, SwitchesAtIcAndRetrapsAtTheRcsjCurrent) {
+    for (auto [beta, ratio, tolerance] :
+         {std::tuple(0.0, 1.0, 0.0), {0.5, 1.0, 0.0}, {1.0, 0.964, 0.01}, {100.0, 0.127, 0.005}})
+        EXPECT_NEAR(SimDaqRetrapRatio(beta), ratio, tolerance) << beta;
+    for (double i : {1.05, 3.0, 40.0})
+        EXPECT_NEAR(SimDaqRunningVoltage(0, i), std::sqrt(i * i - 1), 1e-3 * i) << i;
     for (auto [beta, ratio] : {std::pair(0.0, 1.0), {2.0, 0.790}, {10.0, 0.393}}) {
         SCOPED_TRACE(beta);
         TempDir dir;
         LoadSim(dir, "[Field]\nOffset=0\n[J1]\nBetaC=" + std::to_string(beta) + "\nIe=0\n");
         SimSampleState st = SimDaqSampleState();
         ASSERT_GT(st.j1.ic, 5e-5);
-        auto [up, down] = RampJ1(1.2, 2e-6);
-        EXPECT_NEAR(up, st.j1.ic, 0.01 * st.j1.ic + kDacStep);
-        EXPECT_NEAR(down / st.j1.ic, ratio, 0.02);
-        EXPECT_NEAR(down, st.j1.ir, kDacStep * 1.5);
+        // Up in single DAC steps until J1 switches, on to 1.2 times that, then down while J1
+        // keeps its voltage.
+        const double zero = J1Volts();
+        int up = SwitchReading(1), r = up;
+        while (r < 1.2 * up)
+            SetBias(++r);
+        while (r > 0 && (SetBias(r - 1), J1Volts() - zero >= 2e-6))
+            --r;
+        EXPECT_NEAR(up * kDacStep, st.j1.ic, 0.01 * st.j1.ic + kDacStep);
+        EXPECT_NEAR(r * kDacStep / st.j1.ic, ratio, 0.02);
+        EXPECT_NEAR(r * kDacStep, st.j1.ir, kDacStep * 1.5);
         EXPECT_FALSE(SimDaqSampleState().j1.fRunning);
     }
 }
@@ -75,7 +68,7 @@ TEST(SimJunction, HighBiasGivesRnAndExcessCurrent) {
     double sx = 0, sy = 0, sxx = 0, sxy = 0;
     int n = 0;
     for (int r = 16384; r <= 32767; r += 256) {
-        SetBiasReading(r);
+        SetBias(r);
         double x = r * kDacStep, y = ReadVolts(1, 0) / 500;
         sx += x, sy += y, sxx += x * x, sxy += x * y, ++n;
     }
@@ -116,27 +109,17 @@ TEST(SimJunction, ThermoEmfDoesNotReverseWithTheCurrent) {
 TEST(SimJunction, FraunhoferPatternOfTheCoil) {
     TempDir dir;
     LoadSim(dir, "[Field]\nOffset=0.0003\n[J1]\nH0=0.002\nIe=0\n");
-    std::vector<double> coil, ic;
-    for (int k = -45; k <= 45; ++k) {
-        double amps = k * 1e-4;
-        WriteVolts(1, 1, amps * 1000);
-        SetBiasReading(0);
-        double zero = J1Volts();
-        int r = 0;
-        while (r < 32767 && J1Volts() - zero < 2e-6)
-            SetBiasReading(r += 8);
-        coil.push_back(amps);
-        ic.push_back(r * kDacStep);
+    std::vector<double> ic;
+    for (int k = -45; k <= 45; ++k) { // coil current k * 0.1 mA
+        WriteVolts(1, 1, k * 0.1);
+        ic.push_back(SwitchReading(8) * kDacStep);
     }
     size_t best = 0;
     for (size_t k = 0; k < ic.size(); ++k)
         if (ic[k] > ic[best]) best = k;
-    EXPECT_NEAR(coil[best], 0.0003, 1.5e-4);
-    for (double node : {-0.0037, -0.0017, 0.0023})
-        for (size_t k = 0; k < coil.size(); ++k)
-            if (std::fabs(coil[k] - node) < 5e-5) {
-                EXPECT_LT(ic[k], 0.03 * ic[best]) << node;
-                EXPECT_LT(ic[k], ic[k - 1]);
-                EXPECT_LT(ic[k], ic[k + 1]);
-            }
+    EXPECT_EQ(best, 45u + 3);
+    for (size_t node : {45 - 37, 45 - 17, 45 + 23}) { // -3.7, -1.7 and 2.3 mA
+        EXPECT_LT(ic[node], 0.03 * ic[best]) << node;
+        EXPECT_LT(ic[node], std::min(ic[node - 1], ic[node + 1])) << node;
+    }
 }

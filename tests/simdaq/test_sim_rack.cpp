@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <tuple>
 
@@ -17,11 +16,12 @@ std::pair<bool, double> Convert(int slot, int channel, int gainCode, int reading
     return {status == 0, v};
 }
 
-// '1' for each (slot, channel, gain code, reading) that converts, '0' for each that fails.
-std::string Converts(std::initializer_list<std::array<int, 4>> cases) {
+// '1' for each (slot, channel, gain code, reading), given in a row, that converts, '0' for each
+// that fails.
+std::string Converts(std::initializer_list<int> quads) {
     std::string s;
-    for (auto [slot, channel, code, reading] : cases)
-        s += Convert(slot, channel, code, reading).first ? '1' : '0';
+    for (const int* q = quads.begin(); q != quads.end(); q += 4)
+        s += Convert(q[0], q[1], q[2], q[3]).first ? '1' : '0';
     return s;
 }
 
@@ -48,7 +48,7 @@ std::pair<double, int> UpperLimit(int slot) {
 
 } // namespace
 
-TEST(SimRack, DefaultRackAnswersTheProbes) {
+TEST(SimRack, DefaultRackAnswersTheProbesAndOutputsRefuseWhatTheyCannotReach) {
     TempDir dir;
     SimDaqLoad(dir.File("absent.ini").c_str());
     u32 id[2] = {};
@@ -59,33 +59,23 @@ TEST(SimRack, DefaultRackAnswersTheProbes) {
     EXPECT_EQ(gSimDaqDriver.Get_DAQ_Device_Info(1, 1, &id[0]), kDaqNotSupported);
     // Channels 0 to 15 of card 1, none on the output card; 16-bit two's complement readings;
     // gains 0.5 to 100, codes -1, 1, 2, 5, ..., 100.
-    EXPECT_EQ(Converts({{1, 0, 1, 0},
-                        {1, 15, 1, 0},
-                        {1, 16, 1, 0},
-                        {1, 255, 1, 0},
-                        {2, 0, 1, 0},
-                        {1, 0, 1, 4096}}),
-              "110001");
-    for (int code : {-1, 1, 2, 5, 10, 20, 50, 100})
-        EXPECT_TRUE(Convert(1, 0, code, 0).first) << code;
-    for (int code : {0, -2, -3, -10, 200, 1000})
-        EXPECT_FALSE(Convert(1, 0, code, 0).first) << code;
+    EXPECT_EQ(
+        Converts({1, 0, 1, 0, 1, 15, 1, 0, 1, 16, 1, 0, 1, 255, 1, 0, 2, 0, 1, 0, 1, 0, 1, 4096}),
+        "110001");
+    std::string codes;
+    for (int code : {-1, 1, 2, 5, 10, 20, 50, 100, 0, -2, -3, -10, 200, 1000})
+        codes += Convert(1, 0, code, 0).first ? '1' : '0';
+    EXPECT_EQ(codes, "11111111000000");
     EXPECT_LT(Convert(1, 0, 1, -32767).second, 0);
     EXPECT_EQ(Convert(1, 0, 1, -32768), std::pair(true, -10.0));
     EXPECT_NEAR(Convert(1, 0, 100, 32767).second, 0.1, 1e-5);
-}
-
-TEST(SimRack, OutputsRefuseWhatTheyCannotReach) {
-    TempDir dir;
-    SimDaqLoad(dir.File("absent.ini").c_str());
+    // Outputs refuse what they cannot reach.
     i16 r;
-    EXPECT_TRUE(OutputAccepts(1, 1, 0.0));
-    EXPECT_FALSE(OutputAccepts(1, 2, 0.0));
-    EXPECT_TRUE(OutputAccepts(2, 7, 0.0));
-    EXPECT_FALSE(OutputAccepts(2, 8, 0.0));
-    EXPECT_FALSE(OutputAccepts(1, 0, 10.0));
-    EXPECT_FALSE(OutputAccepts(1, 0, -10.001));
-    EXPECT_TRUE(OutputAccepts(1, 0, -10.0, &r));
+    EXPECT_EQ((std::vector<bool>{OutputAccepts(1, 1, 0.0), OutputAccepts(1, 2, 0.0),
+                                 OutputAccepts(2, 7, 0.0), OutputAccepts(2, 8, 0.0),
+                                 OutputAccepts(1, 0, 10.0), OutputAccepts(1, 0, -10.001),
+                                 OutputAccepts(1, 0, -10.0, &r)}),
+              (std::vector<bool>{true, false, true, false, false, false, true}));
     EXPECT_EQ(r, -32768);
     EXPECT_EQ(UpperLimit(1).second, 32767);
     EXPECT_EQ(UpperLimit(2), std::pair(10.0 * 2047 / 2048, 2047));
@@ -104,18 +94,9 @@ TEST(SimRack, ReadingRangesOfTwelveAndSixteenBitCodings) {
                  "[Card4]\nSlot=4\nBits=16\nInputs=0-3\nGains=-20,-10,0,10,20,40\nLogGains=1\n");
     // 12-bit two's complement, -2048 to 2047; the gap in the channels; 12-bit offset binary,
     // 0 to 4095; decibels: code 1 fails, 0 dB and 20 dB pass, 30 dB is not on the card.
-    EXPECT_EQ(Converts({{1, 0, 1, 4096},
-                        {1, 0, 1, 2049},
-                        {1, 7, 1, 0},
-                        {1, 8, 1, 0},
-                        {1, 15, 1, 0},
-                        {1, 16, 1, 0},
-                        {1, 24, 1, 0},
-                        {2, 0, 1, 4096},
-                        {2, 0, 1, -1},
-                        {4, 0, 1, 0},
-                        {4, 0, 0, 0},
-                        {4, 0, 30, 0}}),
+    EXPECT_EQ(Converts({1, 0,  1, 4096, 1, 0,  1, 2049, 1, 7,  1, 0, 1, 8, 1,  0,
+                        1, 15, 1, 0,    1, 16, 1, 0,    1, 24, 1, 0, 2, 0, 1,  4096,
+                        2, 0,  1, -1,   4, 0,  1, 0,    4, 0,  0, 0, 4, 0, 30, 0}),
               "001001000010");
     EXPECT_EQ(Convert(1, 0, 1, -2048), std::pair(true, -10.0));
     EXPECT_GT(Convert(2, 0, 1, 2049).second, 0); // zero at 2048
@@ -182,11 +163,11 @@ TEST(SimRack, ShippedFileEqualsTheBuiltInDefaults) {
     const SimConfig& b = SimDaqConfig();
     ASSERT_EQ(a.cards.size(), b.cards.size());
     for (size_t k = 0; k < a.cards.size(); ++k)
-        EXPECT_EQ(std::tie(a.cards[k].gains, a.cards[k].name, a.cards[k].outputs),
-                  std::tie(b.cards[k].gains, b.cards[k].name, b.cards[k].outputs))
+        EXPECT_EQ(std::tuple(a.cards[k].gains, a.cards[k].name, a.cards[k].outputs,
+                             a.cards[k].inputs.size()),
+                  std::tuple(b.cards[k].gains, b.cards[k].name, b.cards[k].outputs,
+                             b.cards[k].inputs.size()))
             << k;
-    for (size_t k = 0; k < a.cards.size(); ++k)
-        EXPECT_EQ(a.cards[k].inputs.size(), b.cards[k].inputs.size()) << k;
     for (int s = 0; s < kSigCount; ++s)
         EXPECT_EQ(std::tie(a.inputs[s].port.channel, a.inputs[s].gain, a.inputs[s].offset),
                   std::tie(b.inputs[s].port.channel, b.inputs[s].gain, b.inputs[s].offset))

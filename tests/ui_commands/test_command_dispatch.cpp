@@ -3,22 +3,18 @@
 
 #include "common/test_support.h"
 #include "files/data_file.h"
-#include "ui/settings_registry.h"
-#include "measure/measure_options.h"
 #include "ui/memory_handler.h"
 
 #include <string>
 
 namespace {
 
-const char kUnsaved[] = "You have unsaved data!\nWould you like to save them now?";
-
 TEST_F(Commands, ExitAsksWhenUnsavedAndCancelKeepsTheWindow) {
     HeadlessScriptAnswer(IDCANCEL);
     EXPECT_EQ(CommandDispatch(nullptr, IDM_EXIT), 1);
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
-    EXPECT_EQ(HeadlessBoxes()[0].caption, "Vantrel");
-    EXPECT_EQ(HeadlessBoxes()[0].text, kUnsaved);
+    EXPECT_EQ(HeadlessBoxes()[0].caption + "|" + HeadlessBoxes()[0].text,
+              "Vantrel|You have unsaved data!\nWould you like to save them now?");
     EXPECT_EQ(HeadlessBoxes()[0].flags & MB_TYPEMASK, unsigned(MB_YESNOCANCEL));
     EXPECT_EQ(HeadlessWindow().destroyed, 0);
     HeadlessScriptAnswer(IDNO);
@@ -33,19 +29,15 @@ TEST_F(Commands, SaveThenExitDoesNotAskButAddMakesItAskAgain) {
     EXPECT_EQ(CommandDispatch(nullptr, IDM_SAVE), 1);
     EXPECT_EQ(fDataSaved, 1);
     EXPECT_FALSE(ReadWholeFile(dir.File("run.dat")).empty());
-
     CommandDispatch(nullptr, IDM_EXIT);
-    EXPECT_TRUE(HeadlessBoxes().empty());
-    EXPECT_EQ(HeadlessWindow().destroyed, 1);
+    EXPECT_EQ(std::tuple(HeadlessBoxes().size(), HeadlessWindow().destroyed), std::tuple(0u, 1));
 
     HeadlessScriptDialog(1, dir.File("run.dat"));
     CommandDispatch(nullptr, IDM_ADD);
-    EXPECT_EQ(gCurves.count, 4u);
-    EXPECT_EQ(fDataSaved, 0);
+    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved), std::tuple(4u, 0));
     HeadlessScriptAnswer(IDCANCEL);
     CommandDispatch(nullptr, IDM_EXIT);
     EXPECT_EQ(HeadlessBoxes().size(), 1u);
-    EXPECT_EQ(HeadlessWindow().destroyed, 1);
 }
 
 TEST_F(Commands, YesSavesThroughSaveAsAndItsCancelKeepsTheWindow) {
@@ -53,73 +45,70 @@ TEST_F(Commands, YesSavesThroughSaveAsAndItsCancelKeepsTheWindow) {
     HeadlessScriptAnswer(IDYES);
     HeadlessScriptDialog(0); // the Save As dialog is cancelled
     CommandDispatch(nullptr, IDM_EXIT);
-    EXPECT_EQ(HeadlessWindow().destroyed, 0);
-    EXPECT_EQ(fDataSaved, 0);
+    EXPECT_EQ(std::tuple(HeadlessWindow().destroyed, fDataSaved), std::tuple(0, 0));
 }
 
-TEST_F(Commands, OpenReplacesAndMarksSaved) {
+// Open replaces the family and marks it saved; dropped files: the first replaces, the rest add,
+// and Cancel at the question opens nothing.
+TEST_F(Commands, OpenAndDroppedFiles) {
     TempDir dir;
+    const std::string path = dir.File("a.dat");
     Fill(3, 4);
-    ASSERT_EQ(SaveDataFile(nullptr, dir.File("a.dat").c_str()), 0);
+    ASSERT_EQ(SaveDataFile(nullptr, path.c_str()), 0);
     gCurves.Reset();
     Fill(1, 2);
     fDataSaved = 1;
-    HeadlessScriptDialog(1, dir.File("a.dat"));
+    HeadlessScriptDialog(1, path);
     EXPECT_EQ(CommandDispatch(nullptr, IDM_OPEN), 1);
+    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved, std::string(gWindowTitle), gUndoCurves.count),
+              std::tuple(3u, 1, "Vantrel -- " + path, 1u));
+
+    const char* paths[] = {path.c_str(), path.c_str()};
+    fDataSaved = 0;
+    HeadlessScriptAnswer(IDCANCEL);
+    EXPECT_FALSE(DropFiles(nullptr, paths, 2));
     EXPECT_EQ(gCurves.count, 3u);
-    EXPECT_EQ(fDataSaved, 1);
-    EXPECT_EQ(std::string(gWindowTitle), "Vantrel -- " + dir.File("a.dat"));
-    EXPECT_EQ(gUndoCurves.count, 1u);
+    HeadlessScriptAnswer(IDNO);
+    EXPECT_TRUE(DropFiles(nullptr, paths, 2));
+    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved), std::tuple(6u, 0));
 }
 
-TEST_F(Commands, UndoTwiceRestoresWhatTheFirstRemoved) {
-    Fill(2, 3);
-    CommandDispatch(nullptr, IDM_CLEAR_SCREEN); // Clear Screen
-    EXPECT_EQ(gCurves.count, 0u);
-    CommandDispatch(nullptr, IDM_UNDO);
-    EXPECT_EQ(gCurves.count, 2u);
-    CommandDispatch(nullptr, IDM_UNDO);
-    EXPECT_EQ(gCurves.count, 0u);
-    CommandDispatch(nullptr, IDM_UNDO);
-    EXPECT_EQ(gCurves.count, 2u);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(1).GetPoint(2).y, 2.0f);
-}
-
-TEST_F(Commands, ClearScreenSwapAndUndoKeepTheSavedState) {
+// Undo twice restores what the first removed; Clear Screen, Undo and Swap keep the saved state.
+TEST_F(Commands, UndoClearScreenSwapAndReverse) {
     for (int saved : {0, 1}) {
-        Fill(1, 3);
+        gCurves.Reset();
+        Fill(2, 3);
         fDataSaved = saved;
         gViewScale.scaleAuto = 0;
         CommandDispatch(nullptr, IDM_CLEAR_SCREEN);
-        EXPECT_EQ(gViewScale.scaleAuto, 1);
+        EXPECT_EQ(std::tuple(gCurves.count, gViewScale.scaleAuto), std::tuple(0u, 1));
         CommandDispatch(nullptr, IDM_UNDO);
+        EXPECT_EQ(gCurves.count, 2u);
+        CommandDispatch(nullptr, IDM_UNDO);
+        EXPECT_EQ(gCurves.count, 0u);
+        CommandDispatch(nullptr, IDM_UNDO);
+        ASSERT_EQ(gCurves.count, 2u);
+        EXPECT_FLOAT_EQ(gCurves.GetCurve(1).GetPoint(2).y, 2.0f);
         CommandDispatch(nullptr, IDM_SWAP_XY);
         EXPECT_EQ(fDataSaved, saved);
     }
-    EXPECT_GE(HeadlessWindow().refreshes, 6);
-}
-
-TEST_F(Commands, SwapExchangesTheViewOnlyWhenNotAutomatic) {
-    Fill(1, 3);
+    // Swap exchanges the view only when it is not automatic.
+    gCurves.Reset();
+    Fill(2, 3);
     gViewScale = ViewScale();
     gViewScale.scaleAuto = 0;
     gViewScale.xMax = 5;
     gViewScale.yMax = 7;
     CommandDispatch(nullptr, IDM_SWAP_XY);
-    EXPECT_EQ(gViewScale.xMax, 7);
-    EXPECT_EQ(gViewScale.yMax, 5);
+    EXPECT_EQ(std::tuple(gViewScale.xMax, gViewScale.yMax), std::tuple(7.0f, 5.0f));
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(2).x, 0.0f);
     gViewScale.scaleAuto = 1;
     CommandDispatch(nullptr, IDM_SWAP_XY);
     EXPECT_EQ(gViewScale.xMax, 7);
-}
-
-TEST_F(Commands, FirstAndLastPointChangePlaces) {
-    Fill(1, 4);
+    // First pt <--> Last pt reverses the points of every curve.
     CommandDispatch(nullptr, IDM_REVERSE_POINTS);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(0).x, 3.0f);
-    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(3).x, 0.0f);
-    EXPECT_EQ(fDataSaved, 0);
+    EXPECT_EQ(std::tuple(gCurves.GetCurve(1).GetPoint(0).y, gCurves.GetCurve(1).GetPoint(2).y),
+              std::tuple(2.0f, 0.0f));
 }
 
 TEST_F(Commands, DerivativeClearsTheSavedStateAndReportsShortCurves) {
@@ -127,8 +116,7 @@ TEST_F(Commands, DerivativeClearsTheSavedStateAndReportsShortCurves) {
     gCurves.GetCurve(0).Resize(1);
     fDataSaved = 1;
     CommandDispatch(nullptr, IDM_DYDX_X);
-    EXPECT_EQ(fDataSaved, 0);
-    EXPECT_EQ(gCurves.count, 1u);
+    EXPECT_EQ(std::tuple(fDataSaved, gCurves.count), std::tuple(0, 1u));
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessBoxes()[0].text,
               "Some curves consisted of 0 or 1 point only.\nThey have been discarded.");
@@ -141,53 +129,27 @@ TEST_F(Commands, DeSelectOnlyInsideASelection) {
     EXPECT_EQ(gCurves.CountMarked(), 2u);
     SetSelectionState(2);
     CommandDispatch(nullptr, IDM_DESELECT);
-    EXPECT_EQ(gSelectionState, 0);
-    EXPECT_EQ(gCurves.CountMarked(), 0u);
-    EXPECT_TRUE(RefuseInSelection(nullptr) == false);
-    EXPECT_EQ(gCurves.CountMarked(), 2u);
+    EXPECT_EQ(std::tuple(gSelectionState, gCurves.CountMarked()), std::tuple(0, 0u));
+    EXPECT_FALSE(RefuseInSelection(nullptr));
     SetSelectionState(2);
     EXPECT_TRUE(RefuseInSelection(nullptr));
     EXPECT_EQ(HeadlessBoxes().back().caption, "Math & Selection");
 }
 
-TEST_F(Commands, DroppedFilesFirstReplacesThenAddsAndCancelOpensNothing) {
-    TempDir dir;
-    Fill(2, 3);
-    ASSERT_EQ(SaveDataFile(nullptr, dir.File("d.dat").c_str()), 0);
-    std::string path = dir.File("d.dat");
-    const char* paths[] = {path.c_str(), path.c_str()};
-    fDataSaved = 0;
-    HeadlessScriptAnswer(IDCANCEL);
-    EXPECT_FALSE(DropFiles(nullptr, paths, 2));
-    EXPECT_EQ(gCurves.count, 2u);
-    HeadlessScriptAnswer(IDNO);
-    EXPECT_TRUE(DropFiles(nullptr, paths, 2));
-    EXPECT_EQ(gCurves.count, 4u);
-    EXPECT_EQ(fDataSaved, 0);
-}
-
-TEST_F(Commands, HelpShowsTheOutOfDateWarning) {
+// Help shows its warning; Style goes to the first marked curve; the calibration curve without
+// a table keeps the family but clears the saved state.
+TEST_F(Commands, HelpStyleAndCalibrationCurve) {
     CommandDispatch(nullptr, IDM_HELP_SEARCH);
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
     EXPECT_EQ(HeadlessBoxes()[0].caption, "Warning");
     EXPECT_EQ(HeadlessBoxes()[0].text.rfind("The help file is out-of-date.", 0), 0u);
-}
-
-TEST_F(Commands, OptionsCommandsGoThroughTheSetupDialog) {
-    uint32_t old = InteractionTime;
-    HeadlessScriptDialog(0);
-    EXPECT_EQ(CommandDispatch(nullptr, IDM_OPT_DELAY), 1);
-    EXPECT_EQ(InteractionTime, old);
-    int before = HeadlessWindow().refreshes;
-    CommandDispatch(nullptr, IDM_OPT_GENERAL); // General repaints afterwards
-    EXPECT_EQ(HeadlessWindow().refreshes, before + 1);
-}
-
-TEST_F(Commands, StyleGoesToTheFirstMarkedCurve) {
     Fill(3, 2);
     gCurves.GetCurve(2).Mark();
     CommandDispatch(nullptr, IDM_CTX_STYLE);
     EXPECT_EQ(HeadlessWindow().lastStyleSlot, 2);
+    fDataSaved = 1;
+    CommandDispatch(nullptr, IDM_SHOW_CALIBRATION_CURVE);
+    EXPECT_EQ(std::tuple(gCurves.count, HeadlessBoxes().size(), fDataSaved), std::tuple(3u, 2u, 0));
 }
 
 TEST(MemoryHandler, AsksRetryOrCancelWithTheSize) {
@@ -196,16 +158,12 @@ TEST(MemoryHandler, AsksRetryOrCancelWithTheSize) {
     EXPECT_TRUE(AskRetryAllocation(1234));
     HeadlessScriptAnswer(IDCANCEL);
     EXPECT_FALSE(AskRetryAllocation(1));
-    auto boxes = HeadlessBoxes();
-    ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].caption, "Vantrel");
-    EXPECT_NE(boxes[0].text.find("allocate 1234 bytes."), std::string::npos);
-    EXPECT_EQ(boxes[0].flags & MB_TYPEMASK, unsigned(MB_RETRYCANCEL));
+    ASSERT_EQ(HeadlessBoxes().size(), 2u);
+    const HeadlessBox box = HeadlessBoxes()[0];
+    EXPECT_EQ(std::tuple(box.caption, box.text.find("allocate 1234 bytes.") != std::string::npos,
+                         box.flags & MB_TYPEMASK),
+              std::tuple("Vantrel", true, unsigned(MB_RETRYCANCEL)));
 }
-
-} // namespace
-
-namespace {
 
 TEST(PlotVerb, DrawsADataFileIntoAPng) {
     TempDir dir;
@@ -220,21 +178,7 @@ TEST(PlotVerb, DrawsADataFileIntoAPng) {
     if (r.err.find("unknown verb") != std::string::npos) GTEST_SKIP() << "built without Qt";
     EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(ReadWholeFile(dir.File("p.png")).substr(0, 4), "\x89PNG");
-    r = RunCli({"plot", dir.File("p.dat")});
-    EXPECT_EQ(r.exitCode, 2);
-}
-
-} // namespace
-
-namespace {
-
-TEST_F(Commands, CalibrationCurveWithNoTableKeepsTheFamily) {
-    Fill(2, 3);
-    fDataSaved = 1;
-    CommandDispatch(nullptr, IDM_SHOW_CALIBRATION_CURVE);
-    EXPECT_EQ(gCurves.count, 2u);
-    EXPECT_FALSE(HeadlessBoxes().empty());
-    EXPECT_EQ(fDataSaved, 0);
+    EXPECT_EQ(RunCli({"plot", dir.File("p.dat")}).exitCode, 2);
 }
 
 } // namespace

@@ -34,6 +34,7 @@ class Startup : public Commands {
     void Parse(std::vector<std::string> args) {
         args_ = std::move(args);
         args_.insert(args_.begin(), "vantrel");
+        argv_.clear();
         for (std::string& a : args_)
             argv_.push_back(a.data());
         ParseArgv(int(argv_.size()), argv_.data());
@@ -49,6 +50,7 @@ class Startup : public Commands {
     }
 };
 
+// No ADC: the two messages, and the end before any settings are read; no cards at all is no DAC.
 TEST_F(Startup, NoAdcGivesTheTwoMessagesAndEndsBeforeTheSettings) {
     FakeCard dac;
     dac.dacChannels = 8;
@@ -59,67 +61,57 @@ TEST_F(Startup, NoAdcGivesTheTwoMessagesAndEndsBeforeTheSettings) {
     ASSERT_EQ(boxes.size(), 2u);
     EXPECT_EQ(boxes[0].caption, "DAC/ADC Initialization Error");
     EXPECT_NE(boxes[0].text.find("[ ] no DACs\n[x] no ADCs\nVantrel will show"), std::string::npos);
-    EXPECT_EQ(boxes[1].caption, "Detected NIDAQ Cards");
-    EXPECT_EQ(boxes[1].text, gHardwareReport);
+    EXPECT_EQ(std::tuple(boxes[1].caption, boxes[1].text),
+              std::tuple("Detected NIDAQ Cards", gHardwareReport));
     EXPECT_STREQ(gIniFileName, "untouched.ini");
-}
-
-TEST_F(Startup, NoCardsAtAllIsNoDac) {
-    Parse({});
+    gRack.cards = {};
+    ResetCards();
     EXPECT_EQ(StartupCreate(nullptr), STARTUP_NO_DAC);
-    EXPECT_EQ(HeadlessBoxes().size(), 2u);
 }
 
-TEST_F(Startup, WithCardsLoadsTheSettingsOfTheSwitchThenShowsAbout) {
+// The switches name the settings and the user; files named on the command line open instead of
+// the About box.
+TEST_F(Startup, WithCardsLoadsTheSettingsOfTheSwitchAndOpensTheFilesOrShowsAbout) {
     TempDir dir;
     WriteWholeFile(dir.File("my.ini"), "[Measure]\r\nInteractionTime=77\r\n");
     uint32_t old = InteractionTime;
     gRack.cards = {Multifunction()};
     Parse({"-i:" + dir.File("my.ini"), "-u:Ada"});
     EXPECT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
-    EXPECT_TRUE(HeadlessBoxes().empty());
-    EXPECT_EQ(std::string(gIniFileName), dir.File("my.ini"));
-    EXPECT_EQ(InteractionTime, 77u);
-    EXPECT_STREQ(gUserName, "Ada");
-    StartupFinish(nullptr, nullptr);
-    EXPECT_EQ(HeadlessWindow().abouts, 1);
-    EXPECT_EQ(fDataSaved, 0);
+    EXPECT_EQ(std::tuple(HeadlessBoxes().size(), std::string(gIniFileName), InteractionTime,
+                         std::string(gUserName)),
+              std::tuple(0u, dir.File("my.ini"), 77u, "Ada"));
     InteractionTime = old;
-}
+    StartupFinish(nullptr, nullptr);
+    EXPECT_EQ(std::tuple(HeadlessWindow().abouts, fDataSaved), std::tuple(1, 0));
 
-TEST_F(Startup, FilesOnTheCommandLineAreOpenedInsteadOfAbout) {
-    TempDir dir;
     Fill(2, 3);
     ASSERT_EQ(SaveDataFile(nullptr, dir.File("f.dat").c_str()), 0);
     gCurves.Reset();
-    gRack.cards = {Multifunction()};
+    FreeCommandLine();
     Parse({dir.File("f.dat"), dir.File("f.dat")});
-    ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
-    EXPECT_EQ(std::string(gIniFileName), std::string(ProgramDirectory()) + "vtl.ini");
-    EXPECT_STREQ(gUserName, "anonymous");
-    int posted = 0;
-    static int* seen;
-    seen = &posted;
-    StartupFinish(nullptr, [](void*, int command) { *seen = command; });
+    static int posted = 0;
+    StartupFinish(nullptr, [](void*, int command) { posted = command; });
     EXPECT_EQ(posted, 266);
     CommandDispatch(nullptr, IDM_OPEN_COMMAND_LINE_FILES);
-    EXPECT_EQ(gCurves.count, 4u);
-    EXPECT_EQ(fDataSaved, 1);
-    EXPECT_EQ(HeadlessWindow().abouts, 0);
+    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved, HeadlessWindow().abouts), std::tuple(4u, 1, 1));
 }
 
+// Without switches: vtl.ini beside the program and an anonymous user.
 TEST_F(Startup, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
     // Settings validate against the cards, so the rack comes first.
     gRack.cards = {Multifunction()};
     Parse({});
     ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
+    EXPECT_EQ(std::tuple(std::string(gIniFileName), std::string(gUserName)),
+              std::tuple(std::string(ProgramDirectory()) + "vtl.ini", "anonymous"));
     TempDir dir;
     WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
     uint32_t old = InteractionTime;
     HeadlessScriptDialog(1, dir.File("other.ini"));
     CommandDispatch(nullptr, IDM_LOAD_OPTIONS);
-    EXPECT_EQ(std::string(gIniFileName), dir.File("other.ini"));
-    EXPECT_EQ(InteractionTime, 321u);
+    EXPECT_EQ(std::tuple(std::string(gIniFileName), InteractionTime),
+              std::tuple(dir.File("other.ini"), 321u));
     InteractionTime = 654;
     CommandDispatch(nullptr, IDM_SAVE_OPTIONS);
     EXPECT_NE(ReadWholeFile(dir.File("other.ini")).find("InteractionTime=654"), std::string::npos);
