@@ -104,9 +104,17 @@ static void ShowCurrentRowIn(void* view, int row, const CurrentRowView& data);
 static void ShowVoltageRowIn(void* view, int row, const VoltageRowView& data);
 
 const MeasurePanelView MeasureDlg::kView = {
-    ViewSetText,      ViewSetCheck,         ViewEnable,       ViewSetRowScroll,
-    ShowCurrentRowIn, ShowVoltageRowIn,     ViewShowProgress, ViewStartTimer,
-    ViewStopTimer,    ViewOpenChannelSetup, ViewEnd,
+    .SetText = ViewSetText,
+    .SetCheck = ViewSetCheck,
+    .Enable = ViewEnable,
+    .SetRowScroll = ViewSetRowScroll,
+    .ShowCurrentRow = ShowCurrentRowIn,
+    .ShowVoltageRow = ShowVoltageRowIn,
+    .ShowProgress = ViewShowProgress,
+    .StartTimer = ViewStartTimer,
+    .StopTimer = ViewStopTimer,
+    .OpenChannelSetup = ViewOpenChannelSetup,
+    .End = ViewEnd,
 };
 
 QWidget* MeasureDlg::Add(int id, QWidget* widget) {
@@ -427,8 +435,13 @@ void ThreadEndDialog(void* dlg, int result) {
 }
 
 const MeasureDialogCalls kThreadCalls = {
-    ThreadShowPoints,  ThreadShowProgress, ThreadRefreshCurrents, ThreadRefreshVoltages,
-    ThreadShowVoltage, ThreadShowPhase,    ThreadEndDialog,
+    .ShowPoints = ThreadShowPoints,
+    .ShowProgress = ThreadShowProgress,
+    .RefreshCurrents = ThreadRefreshCurrents,
+    .RefreshVoltages = ThreadRefreshVoltages,
+    .ShowVoltage = ThreadShowVoltage,
+    .ShowPhase = ThreadShowPhase,
+    .EndDialog = ThreadEndDialog,
 };
 
 QWidget* WindowOf(void* window) {

@@ -17,7 +17,13 @@ void HeadlessShowPhase(void*, const char* text) {
 void NoEnd(void*, int) {}
 
 const MeasureDialogCalls gHeadlessCalls = {
-    NoPoints, HeadlessShowProgress, NoRefresh, NoRefresh, NoVoltage, HeadlessShowPhase, NoEnd,
+    .ShowPoints = NoPoints,
+    .ShowProgress = HeadlessShowProgress,
+    .RefreshCurrents = NoRefresh,
+    .RefreshVoltages = NoRefresh,
+    .ShowVoltage = NoVoltage,
+    .ShowPhase = HeadlessShowPhase,
+    .EndDialog = NoEnd,
 };
 
 std::atomic<const MeasureDialogCalls*> gCalls{nullptr};

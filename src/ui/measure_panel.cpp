@@ -211,7 +211,7 @@ void MeasurePanelDoIt(MeasurePanel& p, int doIt) {
             Enable(p, kRunDisabledControls[k], 0);
         p.running = 1;
         if (!StartMeasurementThread(p.dialog, *p.params)) {
-            // StartMeasurement has ended the dialog through its calls already.
+            // StartMeasurementThread has ended the dialog through its calls already.
             p.running = 0;
             return;
         }

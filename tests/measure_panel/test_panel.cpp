@@ -4,6 +4,10 @@
 #include "instrument/daq_cards.h"
 #include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
+#include "curve/curve_memory.h"
+#include "curve/undo.h"
+#include "measure/measure_run.h"
+#include "platform/headless_host.h"
 #include "ui/measure_panel.h"
 
 #include <gtest/gtest.h>
@@ -27,17 +31,19 @@ RecordedPanel* Recorded(void* v) {
 }
 
 const MeasurePanelView kRecordingView = {
-    [](void* v, int id, const char* t) { Recorded(v)->text[id] = t; },
-    [](void* v, int id, int on) { Recorded(v)->check[id] = on; },
-    [](void* v, int id, int on) { Recorded(v)->enabled[id] = on; },
-    [](void*, int, int) {},
-    [](void* v, int row, const CurrentRowView& d) { Recorded(v)->currentRows[row] = d; },
-    [](void* v, int row, const VoltageRowView& d) { Recorded(v)->voltageRows[row] = d; },
-    [](void*, int, const char*) {},
-    [](void* v, int) { return bool(Recorded(v)->timerOn = 1); },
-    [](void* v) { Recorded(v)->timerOn = 0; },
-    [](void*, int, int) {},
-    [](void* v, int result) { Recorded(v)->ended = result; },
+    .SetText = [](void* v, int id, const char* t) { Recorded(v)->text[id] = t; },
+    .SetCheck = [](void* v, int id, int on) { Recorded(v)->check[id] = on; },
+    .Enable = [](void* v, int id, int on) { Recorded(v)->enabled[id] = on; },
+    .SetRowScroll = [](void*, int, int) {},
+    .ShowCurrentRow = [](void* v, int row,
+                         const CurrentRowView& d) { Recorded(v)->currentRows[row] = d; },
+    .ShowVoltageRow = [](void* v, int row,
+                         const VoltageRowView& d) { Recorded(v)->voltageRows[row] = d; },
+    .ShowProgress = [](void*, int, const char*) {},
+    .StartTimer = [](void* v, int) { return bool(Recorded(v)->timerOn = 1); },
+    .StopTimer = [](void* v) { Recorded(v)->timerOn = 0; },
+    .OpenChannelSetup = [](void*, int, int) {},
+    .End = [](void* v, int result) { Recorded(v)->ended = result; },
 };
 
 // Records of measurements whose thread functions are elsewhere: a two-sweep and a count range.
@@ -281,3 +287,21 @@ TEST_F(Panel, CountRangeLimitsAreWrittenAtTheEnd) {
 }
 
 } // namespace
+
+// Do It takes the undo copy once: a copy that falls short asks one question, not two.
+TEST_F(Panel, DoItTakesTheUndoCopyOnce) {
+    Open(FindMeasureParams("Kep")); // a run that touches no curve
+    gCurves.Reset();
+    gCurves.SetCurveCount(3);
+    HeadlessReset();
+    HeadlessScriptAnswer(IDYES);
+    HeadlessScriptAnswer(IDYES);
+    gCurveAllocationBudget = 0;
+    MeasurePanelDoIt(panel, 1);
+    WaitMeasurementEnd();
+    gCurveAllocationBudget = -1;
+    ASSERT_EQ(1u, HeadlessBoxes().size());
+    EXPECT_EQ("Not enough memory to provide 'Undo'\nContinue Anyway?", HeadlessBoxes()[0].text);
+    gCurves.Reset();
+    gUndoCurves.Reset();
+}
