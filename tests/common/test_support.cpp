@@ -13,8 +13,8 @@
 #include <fstream>
 #include <mutex>
 #include <iterator>
-#include <csignal>
 #include <sys/stat.h>
+#include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -48,8 +48,8 @@ std::vector<std::string> AssertCapture::Messages() const {
     return gCaptured;
 }
 
-ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
-                                  const std::string& waitFor, const std::string& dir) {
+ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir, int signal,
+                     const std::string& waitFor) {
     TempDir scratch;
     std::string outPath = scratch.File("out"), errPath = scratch.File("err");
     pid_t pid = fork();
@@ -58,35 +58,26 @@ ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int sign
         if (!std::freopen("/dev/null", "r", stdin) || !std::freopen(outPath.c_str(), "w", stdout) ||
             !std::freopen(errPath.c_str(), "w", stderr))
             _exit(126);
-        std::vector<char*> args;
-        for (const auto& a : argv)
-            args.push_back(const_cast<char*>(a.c_str()));
-        args.push_back(nullptr);
-        execv(args[0], args.data());
+        std::vector<char*> argv{const_cast<char*>(VANTREL_CLI_PATH)};
+        for (const auto& a : args)
+            argv.push_back(const_cast<char*>(a.c_str()));
+        argv.push_back(nullptr);
+        execv(argv[0], argv.data());
         _exit(127);
     }
     int status = 0;
     bool reaped = false;
-    if (signal) {
-        for (int waited = 0; !waitFor.empty() && waited < 60000 && !reaped; waited += 20) {
-            if (ReadWholeFile(outPath).find(waitFor) != std::string::npos) break;
-            reaped = waitpid(pid, &status, WNOHANG) == pid;
-            usleep(20000);
-        }
-        if (!reaped) {
-            usleep(static_cast<useconds_t>(afterMs) * 1000);
+    for (int waited = 0; signal && !reaped && waited < 60000; waited += 20) {
+        if (ReadWholeFile(outPath).find(waitFor) != std::string::npos) {
             kill(pid, signal);
+            break;
         }
+        reaped = waitpid(pid, &status, WNOHANG) == pid;
+        usleep(20000);
     }
     if (!reaped) waitpid(pid, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
             ReadWholeFile(outPath), ReadWholeFile(errPath)};
-}
-
-ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir) {
-    std::vector<std::string> argv{VANTREL_CLI_PATH};
-    argv.insert(argv.end(), args.begin(), args.end());
-    return RunProcessSignalled(argv, 0, 0, "", dir);
 }
 
 TempDir::TempDir() {

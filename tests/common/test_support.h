@@ -18,17 +18,13 @@ class AssertCapture {
 
 struct ProcessResult {
     int exitCode = -1; // the exit status, or 128 + signal
-    std::string out;
-    std::string err;
+    std::string out, err;
 };
 
-// Runs a program with arguments (no shell), in dir when given, and collects its output; with a
-// signal, sends it afterMs milliseconds after the program's standard output first holds waitFor
-// (at once when waitFor is empty; at most 60 s of waiting).
-ProcessResult RunProcessSignalled(const std::vector<std::string>& argv, int signal, int afterMs,
-                                  const std::string& waitFor = "", const std::string& dir = "");
-// Runs the built vantrel-cli.
-ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir = "");
+// Runs the built vantrel-cli with arguments (no shell), in dir when given, and collects its
+// output. With a signal, sends it once the output shows waitFor, as a user's Ctrl-C would.
+ProcessResult RunCli(const std::vector<std::string>& args, const std::string& dir = "",
+                     int signal = 0, const std::string& waitFor = "");
 
 // A fresh empty folder under the build tree, removed when the object goes.
 class TempDir {

@@ -1,6 +1,5 @@
 #include "data_file_fixture.h"
 #include "files/data_file_auto.h"
-#include "settings/profile.h"
 
 namespace {
 std::string gCalls;
@@ -22,38 +21,29 @@ TEST_F(DataFileTest, ExtensionsChooseTheReaderAndOnlyDatIsSaved) {
 }
 
 // The options, in section "DataFile"; three pairs of group flags are crossed where stored,
-// and two save flags steer nothing.
+// and two save flags steer nothing: I-V family and V(time) here, straight groups in the
+// groups test.
 TEST_F(DataFileTest, OptionsTravelThroughSectionDataFileWithSomeFlagsCrossed) {
-    std::string ini = dir.File("vtl.ini");
-    WriteWholeFile(ini, "[DataFile]\r\nDelimitterID=2\r\nColumnWidth=20\r\nsort=0\r\n"
-                        "LoadIc(T)Options=1\r\n");
-    LoadDataFileOptions(ini.c_str());
-    EXPECT_EQ(std::tuple(gDelimitterID, gColumnWidth, fSortCurves,
-                         DataFileGroupSaves(gDataFileGroups[6])),
-              std::tuple(2, 20u, 0, true));
-    gColumnWidth = 99;
-    EXPECT_EQ(DataFileColumnWidth(), kMaxColumnWidth);
-    SaveDataFileOptions(ini.c_str());
-    EXPECT_EQ(GetPrivateProfileInt("DataFile", "ColumnWidth", 0, ini.c_str()), 99);
-
     DataFileGroup saved[kDataFileGroupCount];
     std::copy(gDataFileGroups, gDataFileGroups + kDataFileGroupCount, saved);
-    ResetDataFileOptions();
-    gDataFileGroups[0].Load = [](const char*) { return gCalls += "lA ", 1; };
-    gDataFileGroups[0].Save = [](const char*) { return gCalls += "sA ", 1; };
-    gDataFileGroups[3].Load = [](const char*) { return gCalls += "lIVF ", 1; };
-    gDataFileGroups[3].Save = [](const char*) { return gCalls += "sIVF ", 1; };
-    gDataFileGroups[7].Load = [](const char*) { return gCalls += "lVt ", 1; };
-    gDataFileGroups[7].Save = [](const char*) { return gCalls += "sVt ", 1; };
-    for (const char* key : {"SaveAveragingOptions", "LoadIVFOptions", "SaveV(time)Options"})
-        ASSERT_TRUE(SetDataFileOption(key, "1"));
-    EXPECT_EQ(std::tuple(SaveDataFileGroups("x.ini"), LoadDataFileGroups("x.ini")),
-              std::tuple(2u, 0u));
-    for (const char* key : {"LoadAveragingOptions", "SaveIVFOptions", "LoadV(time)Options"})
+    gDataFileGroups[DATA_GROUP_IVF].Load = [](const char*) { return gCalls += "lIVF ", 1; };
+    gDataFileGroups[DATA_GROUP_IVF].Save = [](const char*) { return gCalls += "sIVF ", 1; };
+    gDataFileGroups[DATA_GROUP_VTIME].Load = [](const char*) { return gCalls += "lVt ", 1; };
+    gDataFileGroups[DATA_GROUP_VTIME].Save = [](const char*) { return gCalls += "sVt ", 1; };
+    std::string ini = dir.File("vtl.ini");
+    WriteWholeFile(ini, "[DataFile]\r\nDelimitterID=2\r\nColumnWidth=20\r\nsort=0\r\n"
+                        "LoadIVFOptions=1\r\nSaveV(time)Options=1\r\n");
+    LoadDataFileOptions(ini.c_str());
+    EXPECT_EQ(std::tuple(gDelimitterID, gColumnWidth, fSortCurves, SaveDataFileGroups("x.ini"),
+                         LoadDataFileGroups("x.ini")),
+              std::tuple(2, 20u, 0, 1u, 0u));
+    for (const char* key : {"SaveIVFOptions", "LoadV(time)Options"})
         SetDataFileOption(key, "1");
-    EXPECT_EQ(LoadDataFileGroups("x.ini"), 3u);
-    EXPECT_EQ(gCalls, "sA sIVF lA lIVF lVt ");
+    EXPECT_EQ(LoadDataFileGroups("x.ini"), 2u);
+    EXPECT_EQ(gCalls, "sIVF lIVF lVt ");
     std::copy(saved, saved + kDataFileGroupCount, gDataFileGroups);
+    gColumnWidth = 99;
+    EXPECT_EQ(DataFileColumnWidth(), kMaxColumnWidth);
 }
 
 TEST_F(DataFileTest, AutomaticPairNeverOverwritesAndReportsAFolderItCanNotMake) {

@@ -28,8 +28,6 @@ TEST_F(DataFileTest, ReadsAndItsFailures) {
          "Input error|Can't open DAT file", 1},
         {"short", "1 2\r\n3 4\r\n5", Ini(one + "10\r\n"), 0, DATA_PAIR_SHORT, "|Error reading file",
          1},
-        {"text", "1 2\r\nabc 4\r\n", Ini(one + "2\r\n"), 0, DATA_PAIR_SHORT, "|Error reading file",
-         1},
         // Counts beyond what the bytes can hold allocate only what they can.
         {"absurd", "1 2\r\n3 4\r\n", Ini("NumberOfCurves=4000000000\r\n" + one + "4000000000\r\n"),
          0, DATA_PAIR_SHORT, "|Error reading file", -1},
@@ -47,16 +45,8 @@ TEST_F(DataFileTest, ReadsAndItsFailures) {
         EXPECT_EQ(c.curves < 0 ? -1 : int(gCurves.count), c.curves);
     }
     // What "absurd" read stays, in curves sized no longer than the bytes can hold.
-    ASSERT_GE(gCurves.count, 1u);
-    EXPECT_TRUE(gCurves.count < 16u && gCurves.GetCurve(0).count < 16u);
+    ASSERT_TRUE(gCurves.count >= 1u && gCurves.count < 16u && gCurves.GetCurve(0).count < 16u);
     EXPECT_FLOAT_EQ(gCurves.GetCurve(0).GetPoint(1).x, 3.0f);
-    // "bare": the stream of numbers goes on across lines; the header stays.
-    gCurves.SetPlotName("kept");
-    ASSERT_EQ(ReadDataPair(dir.File("bare.dat").c_str(), 0), DATA_PAIR_DONE);
-    EXPECT_EQ(std::tuple(std::string(gCurves.name), gCurves.GetCurve(0).count,
-                         gCurves.GetCurve(1).count, gCurves.GetCurve(0).GetPoint(2).x,
-                         gCurves.GetCurve(1).GetPoint(1).y),
-              std::tuple("kept", 3u, 2u, 9.0f, 8.0f));
     // "short": points not reached stay zero, and a point without its y is not taken.
     EXPECT_EQ(ReadDataPair(dir.File("short.dat").c_str(), 0), DATA_PAIR_SHORT);
     ASSERT_GE(gCurves.GetCurve(0).count, 4u);
@@ -79,17 +69,9 @@ TEST_F(DataFileTest, PrefixedUnitsScaleAndOldCommentsRead) {
               std::tuple("V", "added"));
     EXPECT_NEAR(gCurves.GetCurve(1).GetPoint(0).x, 2e-3, 1e-9);
     EXPECT_NEAR(gCurves.GetCurve(1).GetPoint(0).y, 3e3, 1e-3);
-    // Replacing takes the prefix off the family's unit and scales the same way; a comment of
-    // old files stands in one key.
+    // Replacing takes the prefix off the family's unit; a comment of old files stands in one key.
     ASSERT_EQ(ReadDataPair(dat.c_str(), 0), DATA_PAIR_DONE);
-    EXPECT_EQ(std::tuple(std::string(gCurves.yUnits), std::string(gCurves.comment)),
-              std::tuple("A", "old; one key"));
-    EXPECT_NEAR(gCurves.GetCurve(0).GetPoint(0).x, 2e-3, 1e-9);
-    // Comment lines that no longer fit are dropped with the internal string error.
-    std::string lines = "CommentLines=3\r\nComment0=" + std::string(300, 'a') +
-                        "\r\nComment1=" + std::string(300, 'b') + "\r\nComment2=c\r\n";
-    WriteWholeFile(dir.File("add.ini"), Ini("NumberOfCurves=0\r\n", lines));
-    ASSERT_EQ(ReadDataPair(dat.c_str(), 0), DATA_PAIR_DONE);
-    EXPECT_EQ(std::string(gCurves.comment), std::string(300, 'a') + "\r\nc\r\n");
-    EXPECT_EQ(HeadlessBoxes().at(0).caption, "Vantrel Error!");
+    EXPECT_EQ(std::tuple(std::string(gCurves.yUnits), std::string(gCurves.comment),
+                         gCurves.GetCurve(0).GetPoint(0).y),
+              std::tuple("A", "old; one key", 3e3f));
 }

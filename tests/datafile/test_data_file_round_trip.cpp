@@ -17,17 +17,8 @@ TEST_P(RoundTrip, UnequalCurvesComeBackWhole) {
     gCurves.SetComment("first line\r\n\r\nthird line");
     gCurves.date = 1700000000;
     gCurves.timeSpent = 12.5f;
-    // The view's keys are written, and only the two flags are read back.
-    int32_t scaleAuto = 0, swap = 1, rescale = 0;
-    float xMin = -1, xMax = 2, yMin = 3, yMax = 4;
-    gDataFileLink = {&scaleAuto, &xMin, &xMax, &yMin, &yMax, &swap, &rescale, nullptr, nullptr};
     std::string dat = dir.File("run.dat");
     ASSERT_EQ(WriteDataPair(dat.c_str()), DATA_PAIR_DONE);
-    EXPECT_NE(ReadWholeFile(dir.File("run.ini"))
-                  .find("[Setup]\r\nScaleAuto=0\r\nFixedViewScaleMinX=-1.000000\r\n"),
-              std::string::npos);
-    swap = 0;
-    xMin = 7;
     EXPECT_STREQ(gCurves.GetCurve(0).name, fSortCurves ? "c1" : "c0"); // sorted for good
     gCurves.Reset();
     ASSERT_EQ(ReadDataPair(dat.c_str(), 0), DATA_PAIR_DONE) << Box();
@@ -37,8 +28,6 @@ TEST_P(RoundTrip, UnequalCurvesComeBackWhole) {
     EXPECT_EQ(std::string(f.name) + "|" + f.designer + "|" + f.chipName + "|" + f.comment + "|" +
                   f.xUnits + "|" + std::to_string(f.date) + "|" + std::to_string(f.timeSpent),
               "IVC run|Ann|chip 7|first line\r\n\r\nthird line\r\n|V|1700000000|12.500000");
-    EXPECT_EQ(std::to_string(swap) + std::to_string(scaleAuto) + std::to_string(xMin),
-              "117.000000");
     for (unsigned n = 0; n < 4; ++n) {
         const Curve& c = gCurves.GetCurve(n);
         unsigned i = c.name[1] - '0';
@@ -52,23 +41,6 @@ TEST_P(RoundTrip, UnequalCurvesComeBackWhole) {
 
 INSTANTIATE_TEST_SUITE_P(DelimitersAndSort, RoundTrip,
                          ::testing::Combine(::testing::Values(0, 1, 2), ::testing::Values(0, 1)));
-
-TEST_F(DataFileTest, TableCellsFollowWidthDelimiterAndSort) {
-    Fill({1, 2});
-    gCurves.GetCurve(1).GetPoint(1) = Point(3.14159f, 2.0f);
-    gDelimitterID = 2;
-    gColumnWidth = 6;
-    fSortCurves = 0;
-    std::string dat = dir.File("t.dat");
-    ASSERT_EQ(WriteDataPair(dat.c_str()), 0);
-    EXPECT_EQ(ReadWholeFile(dat), "     0,    -0,  0.25,    -0\r\n"
-                                  "      ,      ,   3.1,     2\r\n");
-    Fill({1, 2});
-    fSortCurves = 1;
-    ASSERT_EQ(WriteDataPair(dat.c_str()), 0);
-    EXPECT_EQ(ReadWholeFile(dat), "  0.25,    -0,     0,    -0\r\n"
-                                  "   1.2,-0.0015,\r\n");
-}
 
 // Each case saves one curve of 5 points over a pair of 2 points, changed as told. A .ini that
 // fills the disk is the profile writer's case.

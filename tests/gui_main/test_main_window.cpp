@@ -4,7 +4,6 @@
 #include "gui_app.h"
 #include "gui/main_window.h"
 #include "gui/pen_dialog.h"
-#include "gui/plot_widget.h"
 #include "gui/qt_host.h"
 #include "gui/setup_dialog.h"
 #include "instrument/averaging.h"
@@ -13,7 +12,6 @@
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
-#include "ui/plot_render.h"
 
 #include <QAction>
 #include <QApplication>
@@ -79,19 +77,6 @@ TEST_F(Gui, TheHostWritesTheStatusBar) {
     Host().SetStatusText(2, "x\xB5V");
     QApplication::processEvents();
     EXPECT_EQ(w.Pane(2)->text(), QString::fromUtf8("x\u00B5V"));
-}
-
-TEST_F(Gui, PlotShowsTheReportWithNoCurvesAndDrawsAFamily) {
-    VantrelMainWindow w;
-    w.resize(640, 480);
-    w.Plot()->grab();
-    EXPECT_EQ(w.Plot()->LastResult(), PLOT_NOTHING);
-    gCurves.SetCurveCount(1);
-    for (int i = 0; i < 20; ++i)
-        gCurves.GetCurve(0).AddPoint(float(i), float(i * i));
-    gViewScale.scaleAuto = 1;
-    w.Plot()->grab();
-    EXPECT_EQ(w.Plot()->LastResult(), PLOT_DRAWN);
 }
 
 // Clicks the button of the first message box that shows up. The box runs its own event loop,
@@ -197,7 +182,8 @@ TEST_F(Gui, PenDialogStaysOpenOnABadWidthAndTakesAGoodOne) {
     d.accept();
     EXPECT_TRUE(d.isVisible());
     ASSERT_EQ(HeadlessBoxes().size(), 1u);
-    EXPECT_EQ(std::tuple(HeadlessBoxes()[0].caption, pen.style), std::tuple("Grid Pen", PEN_DOT));
+    EXPECT_EQ(std::tuple(HeadlessBoxes()[0].caption, HeadlessBoxes()[0].text, pen.style),
+              std::tuple("Grid Pen", "GPenUIException -- the pen width is invalid", PEN_DOT));
     d.WidthField()->setText("2");
     d.accept();
     EXPECT_FALSE(d.isVisible());

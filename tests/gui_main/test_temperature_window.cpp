@@ -105,16 +105,6 @@ TEST_F(TemperatureWindowTest, ShowsTheSampleTemperatureEachTickWithBarAndScale) 
     EXPECT_FALSE(window_.Action(IDM_TEMPERATURE)->isChecked());
 }
 
-// Ctrl+Shift+T reaches the command with Shift down: the wide layout.
-TEST_F(TemperatureWindowTest, ControlShiftTOpensTheWideLayout) {
-    window_.show();
-    window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-    QTest::keyClick(&window_, Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
-    ASSERT_NE(OpenedTemperatureWindow(), nullptr);
-    EXPECT_EQ(OpenedTemperatureWindow()->Layout(), kTermoLayoutWide);
-}
-
 std::atomic<bool> gMeasuring{false};
 int HoldMeasurement(void*) {
     while (gMeasuring)

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+
 #include <cstdio>
 #include <string>
 
@@ -220,25 +221,6 @@ TEST(MeasureCli, MeasuresTheShippedSampleAndWritesTheDataPair) {
     EXPECT_NE(r.err.find("no measurement \"NoSuch\""), std::string::npos);
 }
 
-TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
-    TempDir dir;
-    CopyShippedSettings(dir);
-    // 1024 points of 20 ms each; the interrupt comes a little after the first progress line.
-    ProcessResult r =
-        RunProcessSignalled({VANTREL_CLI_PATH, "measure", "IVC", "-i:" + dir.File("vtl.ini"),
-                             "-step:64", "-set:Measure/SystemDecayTime=20",
-                             "-set:Measure/InteractionTime=100", "-o:" + dir.File("stopped.dat")},
-                            SIGINT, 300, "%");
-    ASSERT_EQ(r.exitCode, 0) << r.err;
-    EXPECT_NE(r.out.find("(stopped)"), std::string::npos) << r.out;
-    std::string ini = ReadWholeFile(dir.File("stopped.ini"));
-    size_t at = ini.find("NumberOfPointsInCurve0=");
-    ASSERT_NE(at, std::string::npos);
-    unsigned points = static_cast<unsigned>(std::stoul(ini.substr(at + 23)));
-    EXPECT_GE(points, 5u);
-    EXPECT_LT(points, 1024u);
-}
-
 TEST_F(MeasureIvcTest, StartsFromAClearedFamilyAndGivesItTheMeasurementComment) {
     gCurves.SetCurveCount(4);
     for (unsigned c = 0; c < 4; ++c) {
@@ -259,4 +241,22 @@ TEST_F(MeasureIvcTest, StartsFromAClearedFamilyAndGivesItTheMeasurementComment) 
     }
     EXPECT_STREQ(gCurves.comment, "sample B7, second cool-down");
     EXPECT_EQ(gUndoCurves.count, 4u); // the old family is the undo copy
+}
+
+TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
+    TempDir dir;
+    CopyShippedSettings(dir);
+    // 1024 points of 20 ms each; the interrupt comes at the first progress line.
+    ProcessResult r = RunCli({"measure", "IVC", "-i:" + dir.File("vtl.ini"), "-step:64",
+                              "-set:Measure/SystemDecayTime=20", "-set:Measure/InteractionTime=100",
+                              "-o:" + dir.File("stopped.dat")},
+                             "", SIGINT, "%");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("(stopped)"), std::string::npos) << r.out;
+    std::string ini = ReadWholeFile(dir.File("stopped.ini"));
+    size_t at = ini.find("NumberOfPointsInCurve0=");
+    ASSERT_NE(at, std::string::npos);
+    const unsigned long points = std::stoul(ini.substr(at + 23));
+    EXPECT_GE(points, 5u);
+    EXPECT_LT(points, 1024u);
 }

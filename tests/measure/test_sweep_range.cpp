@@ -48,13 +48,3 @@ TEST(MeasureRun, ProgressText) {
     FormatProgress(text, sizeof text, 1000, 3, 7, &percent);
     EXPECT_EQ(percent, 42);
 }
-
-// Titles are found as written, with the record's range, layout and handlers.
-TEST(MeasureRun, TitlesFindTheirRecords) {
-    const MeasureParams* ivc = FindMeasureParams("IVC");
-    ASSERT_NE(ivc, nullptr);
-    EXPECT_EQ(std::tuple(ivc->primary, ivc->layout, ivc->xAxisHandler != nullptr),
-              std::tuple(&IVC_Range, LayoutSingleSweepWithXAxis, true));
-    EXPECT_EQ(std::tuple(FindMeasureParams("ivc"), FindMeasureParams("Nothing")),
-              std::tuple(nullptr, nullptr));
-}

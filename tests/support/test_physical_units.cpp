@@ -22,14 +22,6 @@ std::string Digits(float value, unsigned digits, const char* unit = "V") {
     return text;
 }
 
-// The factor of the prefix, and what is left of the text.
-std::pair<float, std::string> Take(const char* unit) {
-    char text[16];
-    std::strcpy(text, unit);
-    float factor = TakePrefix(text);
-    return {factor, text};
-}
-
 } // namespace
 
 TEST(FormatPhysical, PrefixDecimalsAndRangeEnds) {
@@ -80,30 +72,28 @@ TEST(FormatPhysicalDigits, DecimalsFollowTheSignificantDigits) {
     EXPECT_EQ(capture.Count(), 1);
 }
 
+// A blank is the no-prefix entry: the float product 1e-12 * 1000^4, not a literal 1.
 TEST(TakePrefix, StripsThePrefixAndGivesItsFactor) {
-    EXPECT_EQ(Take("mV"), std::pair(1e-3f, std::string("V")));
-    EXPECT_EQ(Take("\xB5"
-                   "A"),
-              std::pair(1e-6f, std::string("A")));
-    EXPECT_EQ(Take("TV"), std::pair(1e12f, std::string("V")));
-    EXPECT_EQ(Take("V"), std::pair(1.0f, std::string("V")));
-    // A blank is the no-prefix entry: the float product 1e-12 * 1000^4, not a literal 1.
-    EXPECT_EQ(Take(" V"),
-              std::pair(1e-12f * 1000.0f * 1000.0f * 1000.0f * 1000.0f, std::string("V")));
+    const float blank = 1e-12f * 1000.0f * 1000.0f * 1000.0f * 1000.0f;
+    for (auto [unit, factor] :
+         {std::pair("mV", 1e-3f), {"\xB5V", 1e-6f}, {"V", 1.0f}, {" V", blank}}) {
+        char text[16];
+        std::strcpy(text, unit);
+        EXPECT_EQ(TakePrefix(text), factor) << unit;
+        EXPECT_STREQ(text, "V") << unit;
+    }
 }
 
+// Above the range the prefix stays as it was.
 TEST(PrefixOf, ScaleAndPrefixOverTheRange) {
-    double scale = 0;
-    const char* prefix = "";
-    for (auto [value, result, expected, factor] :
-         {std::tuple(0.5, 0, "m", 1e-3), {5e-12, 0, "p", 1e-12}, {1e-13, -1, "p", 1e-12}}) {
-        EXPECT_EQ(PrefixOf(value, scale, prefix), result);
-        EXPECT_STREQ(prefix, expected);
-        EXPECT_DOUBLE_EQ(scale, factor);
+    for (auto [value, result, expected, factor] : {std::tuple(0.5, 0, "m", 1e-3),
+                                                   {5e-12, 0, "p", 1e-12},
+                                                   {1e-13, -1, "p", 1e-12},
+                                                   {2e15, 1, "untouched", 1e15}}) {
+        double scale = 0;
+        const char* prefix = "untouched";
+        EXPECT_EQ(PrefixOf(value, scale, prefix), result) << value;
+        EXPECT_STREQ(prefix, expected) << value;
+        EXPECT_DOUBLE_EQ(scale, factor) << value;
     }
-    const char* untouched = "untouched";
-    prefix = untouched;
-    EXPECT_EQ(PrefixOf(2e15, scale, prefix), 1);
-    EXPECT_EQ(prefix, untouched);
-    EXPECT_DOUBLE_EQ(scale, 1e15);
 }

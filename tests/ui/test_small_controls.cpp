@@ -1,4 +1,4 @@
-// The scroll helper, the enabling helpers and the headless fixed text dialog.
+// The scroll helper and the enabling helpers.
 #include "fake_dialog.h"
 #include "platform/headless_host.h"
 #include "ui/dialog_helpers.h"
@@ -68,24 +68,6 @@ TEST(DialogHelpers, EnableListsOfControlsAndMenuItems) {
         EnableMenuItems(&menu, ids, 2, f);
         EXPECT_EQ((std::map<int, int>{{2, expected}, {4, expected}}), items) << f;
     }
-}
-
-TEST(HeadlessHost, RecordsAndEchoesFixedTexts) {
-    HeadlessReset();
-    HeadlessSetEcho(true);
-    testing::internal::CaptureStdout();
-    int owner = 0;
-    Host().ShowFixedText(&owner, "Ic table", "I\t\xB5V\r\n1\t2");
-    Host().ShowFixedText(nullptr, "Rn", "x\n");
-    std::string out = testing::internal::GetCapturedStdout();
-    HeadlessSetEcho(false);
-    EXPECT_EQ("[Ic table]\nI\t\xB5V\r\n1\t2\n[Rn]\nx\n", out);
-    std::vector<HeadlessFixedText> shown = HeadlessFixedTexts();
-    ASSERT_EQ(2u, shown.size());
-    EXPECT_EQ(std::tuple(&owner, "Ic table", "I\t\xB5V\r\n1\t2"),
-              std::tuple(shown[0].owner, shown[0].caption, shown[0].text));
-    HeadlessReset();
-    EXPECT_TRUE(HeadlessFixedTexts().empty());
 }
 
 } // namespace

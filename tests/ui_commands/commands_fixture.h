@@ -20,7 +20,6 @@ class Commands : public ::testing::Test {
         fDataSaved = 0;
         SetSelectionState(0);
     }
-    void TearDown() override { HeadlessReset(); }
 
     // A family of curves with points (i, c * i).
     static void Fill(unsigned curves, unsigned points) {

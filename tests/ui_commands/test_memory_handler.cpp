@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <tuple>
 #include <vector>
 
 // Under AddressSanitizer an allocation that can't be served comes back empty, as it does from
@@ -12,9 +13,9 @@ extern "C" const char* __asan_default_options() {
     return "allocator_may_return_null=1";
 }
 
-// Every form of operator new shows the size it could not get (the box itself is tested with
-// AskRetryAllocation). The handler here gives up after the box, where the program's would
-// try again.
+// Every form of operator new shows the size it could not get. Retry returns to the allocation
+// (the handler here then gives up, where the program's would try again); Cancel ends the
+// program, so it is asked of AskRetryAllocation alone.
 TEST(MemoryHandler, TheBoxShowsTheSizeThatCouldNotBeAllocated) {
     using Allocate = void* (*)(size_t);
     const Allocate kForms[] = {[](size_t n) { return ::operator new(n); },
@@ -41,4 +42,9 @@ TEST(MemoryHandler, TheBoxShowsTheSizeThatCouldNotBeAllocated) {
             << text;
     }
     std::set_new_handler(previous);
+    HeadlessScriptAnswer(IDCANCEL);
+    EXPECT_FALSE(AskRetryAllocation(1));
+    const HeadlessBox box = HeadlessBoxes().back();
+    EXPECT_EQ(std::tuple(box.caption, box.flags & MB_TYPEMASK),
+              std::tuple("Vantrel", unsigned(MB_RETRYCANCEL)));
 }

@@ -28,7 +28,6 @@ class Startup : public Commands {
         SetDaqDriver(nullptr);
         ResetCards();
         FreeCommandLine();
-        Commands::TearDown();
     }
     // The parser keeps pointers into the vector, so both live as long as the test.
     void Parse(std::vector<std::string> args) {
@@ -71,40 +70,37 @@ TEST_F(Startup, NoAdcGivesTheTwoMessagesAndEndsBeforeTheSettings) {
 
 // The switches name the settings and the user; files named on the command line open instead of
 // the About box.
-TEST_F(Startup, WithCardsLoadsTheSettingsOfTheSwitchAndOpensTheFilesOrShowsAbout) {
+TEST_F(Startup, SwitchesNameTheSettingsAndTheUserAndNamedFilesOpenInsteadOfAbout) {
     TempDir dir;
     WriteWholeFile(dir.File("my.ini"), "[Measure]\r\nInteractionTime=77\r\n");
+    Fill(2, 3);
+    ASSERT_EQ(SaveDataFile(nullptr, dir.File("f.dat").c_str()), 0);
     uint32_t old = InteractionTime;
     gRack.cards = {Multifunction()};
-    Parse({"-i:" + dir.File("my.ini"), "-u:Ada"});
+    Parse({"-i:" + dir.File("my.ini"), "-u:Ada", dir.File("f.dat"), dir.File("f.dat")});
     EXPECT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
     EXPECT_EQ(std::tuple(HeadlessBoxes().size(), std::string(gIniFileName), InteractionTime,
                          std::string(gUserName)),
               std::tuple(0u, dir.File("my.ini"), 77u, "Ada"));
     InteractionTime = old;
-    StartupFinish(nullptr, nullptr);
-    EXPECT_EQ(std::tuple(HeadlessWindow().abouts, fDataSaved), std::tuple(1, 0));
-
-    Fill(2, 3);
-    ASSERT_EQ(SaveDataFile(nullptr, dir.File("f.dat").c_str()), 0);
-    gCurves.Reset();
-    FreeCommandLine();
-    Parse({dir.File("f.dat"), dir.File("f.dat")});
     static int posted = 0;
     StartupFinish(nullptr, [](void*, int command) { posted = command; });
     EXPECT_EQ(posted, 266);
     CommandDispatch(nullptr, IDM_OPEN_COMMAND_LINE_FILES);
-    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved, HeadlessWindow().abouts), std::tuple(4u, 1, 1));
+    EXPECT_EQ(std::tuple(gCurves.count, fDataSaved, HeadlessWindow().abouts), std::tuple(4u, 1, 0));
 }
 
-// Without switches: vtl.ini beside the program and an anonymous user.
-TEST_F(Startup, LoadOptionsTakesTheChosenFileAndSaveOptionsWritesThere) {
+// Without switches: vtl.ini beside the program, an anonymous user and the About box; Load
+// Options takes the chosen file, and Save Options writes there.
+TEST_F(Startup, WithoutSwitchesAboutShowsAndTheOptionsCommandsUseTheChosenFile) {
     // Settings validate against the cards, so the rack comes first.
     gRack.cards = {Multifunction()};
     Parse({});
     ASSERT_EQ(StartupCreate(nullptr), STARTUP_RUNNING);
-    EXPECT_EQ(std::tuple(std::string(gIniFileName), std::string(gUserName)),
-              std::tuple(std::string(ProgramDirectory()) + "vtl.ini", "anonymous"));
+    StartupFinish(nullptr, nullptr);
+    EXPECT_EQ(
+        std::tuple(std::string(gIniFileName), std::string(gUserName), HeadlessWindow().abouts),
+        std::tuple(std::string(ProgramDirectory()) + "vtl.ini", "anonymous", 1));
     TempDir dir;
     WriteWholeFile(dir.File("other.ini"), "[Measure]\r\nInteractionTime=321\r\n");
     uint32_t old = InteractionTime;
