@@ -1,3 +1,4 @@
+// The field readers of a table-driven dialog: a number from an edit, within limits.
 #include "settings/setup_table.h"
 
 #include "support/c_locale.h"

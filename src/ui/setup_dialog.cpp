@@ -1,5 +1,6 @@
-// The dialog side of a SetupTable: rows to controls and back, the field checks and the
-// command handling, all through SetupDialogOps so that any dialog can drive it.
+// The dialog side of a SetupTable: rows to controls and back, the dependencies and the command
+// handling, all through SetupDialogOps so that any dialog can drive it. The field readers are
+// the settings floor's (setup_fields.cpp), since option groups' own callbacks use them too.
 #include "settings/profile.h"
 #include "settings/settings_file.h"
 #include "ui/dialog_helpers.h"
@@ -9,10 +10,7 @@
 #include "support/debug_check.h"
 #include "support/message_box.h"
 
-#include <cerrno>
 #include <climits>
-#include <cmath>
-#include <cstdlib>
 #include <cstring>
 
 SetupTable* gCurrentSetupTable = nullptr;

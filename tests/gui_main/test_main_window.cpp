@@ -151,7 +151,7 @@ TEST_F(Gui, SetupDialogOnQtControls) {
 
 // Registered texts name the radio buttons, check boxes and labels, never the keys, and add the
 // buttons that are not rows. A bar in a label is part of it, not a separator of buttons.
-TEST_F(Gui, RegisteredTextsLabelTheControls) {
+TEST_F(Gui, TableTextsLabelTheControls) {
     QtSetupDialog termo(TermometerSetupTable(), "Thermometer Setup");
     auto* tofr = qobject_cast<QRadioButton*>(termo.Control(IDC_TERMO_TOFR));
     auto* browse = qobject_cast<QPushButton*>(termo.Control(IDC_TERMO_BROWSE));
