@@ -246,7 +246,8 @@ TEST_F(MeasureIvcTest, StartsFromAClearedFamilyAndGivesItTheMeasurementComment) 
 TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
     TempDir dir;
     CopyShippedSettings(dir);
-    // 1024 points of 20 ms each; the interrupt comes at the first progress line.
+    // 1024 points of 20 ms each; the interrupt comes at the first progress line, which under load
+    // may follow the first point closely, so only "some points, not all" is certain.
     ProcessResult r = RunCli({"measure", "IVC", "-i:" + dir.File("vtl.ini"), "-step:64",
                               "-set:Measure/SystemDecayTime=20", "-set:Measure/InteractionTime=100",
                               "-o:" + dir.File("stopped.dat")},
@@ -257,6 +258,6 @@ TEST(MeasureCli, CtrlCStopsTheRunCleanlyAndKeepsItsData) {
     size_t at = ini.find("NumberOfPointsInCurve0=");
     ASSERT_NE(at, std::string::npos);
     const unsigned long points = std::stoul(ini.substr(at + 23));
-    EXPECT_GE(points, 5u);
+    EXPECT_GE(points, 1u);
     EXPECT_LT(points, 1024u);
 }
