@@ -2,7 +2,9 @@
 #include "ui/settings_registry.h"
 #include "cli_verbs.h"
 #include "platform/headless_host.h"
+#include "files/data_file.h"
 #include "support/cmdline.h"
+#include "ui/dxb_read.h"
 
 #include <cstdio>
 #include <cstring>
@@ -41,6 +43,7 @@ void PrintCliUsage() {
 int main(int argc, char** argv) {
     HeadlessSetEcho(true);
     InstallSettingsGroups();
+    gDataFileLink.ReadDxb = ReadDxbFile; // convert and plot read DXB files too
     // Switches may stand before the verb, and an options file (-@FILE) may hold them.
     ParseArgv(argc, argv);
     const char* verb = Positional(1);

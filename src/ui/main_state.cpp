@@ -3,6 +3,7 @@
 #include "files/data_file.h"
 #include "measure/measure_options.h"
 #include "support/bounded_text.h"
+#include "ui/dxb_read.h"
 #include "ui/main_window_calls.h"
 
 #include <cstdio>
@@ -42,6 +43,7 @@ bool LinkDataFiles() {
     gDataFileLink.fSwapXY_Axes = &SwapXY_Axes;
     gDataFileLink.fRescalePlotAfterMeasurement = &RescalePlotAfterMeasurement;
     gDataFileLink.Shown = FileShown;
+    gDataFileLink.ReadDxb = ReadDxbFile;
     return true;
 }
 
