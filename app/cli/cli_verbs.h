@@ -21,3 +21,4 @@ int RunSettingsVerb(int argc, char** argv);
 int RunReadVerb(int argc, char** argv);
 // Only when the Qt interface is built: it draws through the Qt canvas.
 int RunPlotVerb(int argc, char** argv);
+int RunPrintVerb(int argc, char** argv);

@@ -27,6 +27,9 @@ const CliVerb gCliVerbs[] = {
 #ifdef VANTREL_HAVE_GUI
     {"plot", RunPlotVerb,
      "FILE.dat -o:FILE.png [-w:W] [-h:H] [-i:vtl.ini]  draws the file's plot into an image"},
+    {"print", RunPrintVerb,
+     "FILE -o:OUT.pdf [-i:vtl.ini] [-set:Print/Key=value ...]  prints the file's plot and its "
+     "text blocks into a PDF"},
 #endif
     {nullptr, nullptr, nullptr},
 };

@@ -6,6 +6,7 @@
 #include "gui/plot_widget.h"
 #include "gui/qt_canvas.h"
 #include "gui/qt_host.h"
+#include "gui/qt_print.h"
 #include "gui/temperature_window.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
@@ -130,6 +131,7 @@ VantrelMainWindow::~VantrelMainWindow() {
 void VantrelMainWindow::Install() {
     SetMainWindowCalls(&kQtWindowCalls);
     InstallQtHost(this);
+    InstallQtPrinting(this);
     SetQtStatusPanes(panes_, 4);
 }
 

@@ -21,6 +21,7 @@
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
 #include "ui/measure_command.h"
+#include "ui/print_page.h"
 #include "settings/setup_table.h"
 
 #include <utility>
@@ -237,6 +238,15 @@ int Run(void* window, int command) {
         SaveUndo();
         if (!ShowTemperatureCurve(window, gCurves)) RestoreUndo();
         Changed(window);
+        return 1;
+    case IDM_PRINT:
+        PrintPlot(window);
+        return 1;
+    case IDM_PAGE_SETUP:
+        PageSetupDialog(window);
+        return 1;
+    case IDM_OPT_PRINTING:
+        PrintingOptionsDialog(window);
         return 1;
     case IDM_OPT_DELAY:
         Delays_OptionsDialog(window);

@@ -13,6 +13,7 @@
 #include "support/c_locale.h"
 #include "support/debug_check.h"
 #include "ui/plot_options.h"
+#include "ui/print_options.h"
 
 #include <chrono>
 
@@ -43,8 +44,8 @@ const SettingsGroup gSettingsGroups[kSettingsGroupCount] = {
     {.name = "generator"},
     {.name = "V(time)"},
     {.name = "AutoZero", .load = LoadAutoZeroOptions, .save = SaveAutoZeroOptions},
-    {.name = "printing options"},
-    {.name = "page setup"},
+    {.name = "printing options", .load = LoadPrintingOptions, .save = SavePrintingOptions},
+    {.name = "page setup", .load = LoadPageSetup, .save = SavePageSetup},
     // The same pair again, on purpose: a load with side effects runs twice.
     {.name = "AutoZero", .load = LoadAutoZeroOptions, .save = SaveAutoZeroOptions},
     {.name = "Ic, Rn, Ie, Vc table"},
