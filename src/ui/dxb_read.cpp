@@ -9,6 +9,7 @@
 #include "support/physical_units.h"
 #include "ui/main_state.h"
 
+#include <cfloat>
 #include <cstdint>
 #include <cstring>
 #include <ctime>
@@ -18,6 +19,13 @@ char gDxbFileName[260] = "";
 namespace {
 
 constexpr unsigned kCurveMinPoints = 5;
+
+// Coordinates beyond the range of a float (a damaged file) stay at its largest value.
+float ToFloat(double v) {
+    if (v > FLT_MAX) return FLT_MAX;
+    if (v < -FLT_MAX) return -FLT_MAX;
+    return static_cast<float>(v);
+}
 
 class DxbInput {
   public:
@@ -164,8 +172,7 @@ bool ReadEntities(DxbInput& in, const Footer& footer, std::uint32_t first) {
             const double x = (vx * k - v.plotLeft) * v.xPerPixel + v.xMin;
             const double y = (v.plotHeight + vy * k / 1.2 - v.plotBottom) * v.yPerPixel + v.yMin;
             if (gCurves.count > first)
-                gCurves.GetCurve(gCurves.count - 1)
-                    .AddPoint(static_cast<float>(x), static_cast<float>(y));
+                gCurves.GetCurve(gCurves.count - 1).AddPoint(ToFloat(x), ToFloat(y));
             break;
         }
         case DXB_SCALE_FACTOR: {
