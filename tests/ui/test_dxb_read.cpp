@@ -297,3 +297,27 @@ TEST(DxbCli, ConvertsToADataPair) {
     const std::string ini = ReadWholeFile(dir.File("out.ini"));
     EXPECT_NE(ini.find("NumberOfPointsInCurve0=8"), std::string::npos) << ini;
 }
+
+// A file cut at any byte reads without harm: what was whole before the cut, or a message (the
+// footer of a cut file is whatever its last bytes are, an unknown version too).
+TEST_F(DxbReadTest, FileCutAtEveryByteReadsSafely) {
+    const std::string whole = ReadWholeFile(WriteDxb(
+        dir,
+        [](std::FILE* f) {
+            Polyline(f, 6, 100);
+            DxbWriteByte(f, DXB_END);
+        },
+        OwnTrailer));
+    const std::string cut = dir.File("cut.dxb");
+    for (size_t n = 0; n < whole.size(); ++n) {
+        WriteWholeFile(cut, whole.substr(0, n));
+        HeadlessReset();
+        const int result = ReadDxbFile(cut.c_str(), 0);
+        EXPECT_LE(gCurves.count, 1u) << n;
+        for (const HeadlessBox& b : HeadlessBoxes())
+            EXPECT_EQ(b.caption + "|" + b.text, result == 1
+                                                    ? "Vantrel|Unknown Dxb version!"
+                                                    : "DXB error|This is not AutoCad DXB file")
+                << n;
+    }
+}
