@@ -14,7 +14,8 @@ const CliVerb gCliVerbs[] = {
      "[-daq:NAME] [-simdaq:PATH] detects the cards and prints the hardware report"},
     {"measure", RunMeasureVerb,
      "TITLE [-i:vtl.ini] [-o:FILE.dat] [-set:Section/Key=value ...] [-from:B] [-to:B] "
-     "[-step:B] [-both:+] runs a measurement (IVC, ...) and writes its data pair"},
+     "[-step:B] [-both:+] [-autozero:+] runs a measurement (IVC, Ic(H), Im(H)) and writes its "
+     "data pair"},
     {"convert", RunConvert,
      "IN -o:OUT.dat [-i:vtl.ini] [-set:DataFile/Key=value ...]  rewrite a data file as a data "
      "pair"},

@@ -2,6 +2,7 @@
 // it, with its data pair written at the end.
 #include "cli_startup.h"
 #include "cli_verbs.h"
+#include "instrument/autozero.h"
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_auto.h"
@@ -67,6 +68,10 @@ int RunMeasureVerb(int, char**) {
         MeasureWorkingRange2 = *params->secondary;
         MeasurePointsN2 = SweepPointCount(MeasureWorkingRange2);
     }
+
+    // The dialog's AutoZero box: the offsets of every voltage and current at zero bias are
+    // taken off all readings of the run.
+    if (SwitchBool("autozero:", 0)) DoAutoZero(1, nullptr);
 
     std::signal(SIGINT, OnInterrupt);
     int result = RunMeasurement(nullptr, *params);

@@ -1,7 +1,9 @@
 // The measurements that exist, one constant record each; the dialog and vantrel-cli find them
 // by title.
 #include "curve/undo.h"
+#include "measure/ic_options.h"
 #include "measure/ivc_options.h"
+#include "measure/measure_ich.h"
 #include "measure/measure_ivc.h"
 #include "measure/measure_run.h"
 #include "support/program_folder.h"
@@ -21,6 +23,9 @@ void IVC_Options(void*, void* dlg) {
 void IVC_xAxis(void*, void* dlg) {
     IVC_xAxisDialog(dlg);
 }
+void IcH_Options(void*, void* dlg) {
+    IcH_OptionsDialog(dlg);
+}
 
 } // namespace
 
@@ -30,6 +35,16 @@ const MeasureParams gMeasureParams[] = {
      .primary = &IVC_Range,
      .optionsHandler = IVC_Options,
      .xAxisHandler = IVC_xAxis,
+     .layout = LayoutSingleSweepWithXAxis},
+    {.threadFunction = MeasureIcH,
+     .title = "Ic(H)",
+     .primary = &Field_Range,
+     .optionsHandler = IcH_Options,
+     .layout = LayoutSingleSweepWithXAxis},
+    {.threadFunction = MeasureImH,
+     .title = "Im(H)",
+     .primary = &Field_Range,
+     .optionsHandler = IcH_Options,
      .layout = LayoutSingleSweepWithXAxis},
     {.threadFunction = MeasureKep, .title = "Kep", .primary = &Field_Range, .layout = LayoutPlain},
     {.title = nullptr},

@@ -20,6 +20,7 @@
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
+#include "measure/ic_options.h"
 #include "ui/measure_command.h"
 #include "ui/print_page.h"
 #include "settings/setup_table.h"
@@ -217,6 +218,15 @@ int Run(void* window, int command) {
 
     case IDM_MEASURE_IVC:
         MeasureCommand(window, "IVC", true);
+        return 1;
+    case IDM_MEASURE_ICH:
+        MeasureCommand(window, "Ic(H)", true);
+        return 1;
+    case IDM_MEASURE_IMH:
+        MeasureCommand(window, "Im(H)", true);
+        return 1;
+    case IDM_OPT_ICH:
+        IcH_OptionsDialog(window);
         return 1;
     case IDM_OPT_VOLTAGES:
         ChannelPanelCommand(window, 1);

@@ -6,6 +6,7 @@
 #include "instrument/averaging.h"
 #include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
+#include "measure/ic_options.h"
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "settings/option_rows.h"
@@ -251,6 +252,7 @@ bool InstallWriters() {
     gPrintBlockWriters[PRINT_VIRTUAL_IV] = VirtualRows;
     gPrintBlockWriters[PRINT_AVERAGING] = AveragingRows;
     gPrintBlockWriters[PRINT_DELAYS] = Delays_WriteRows;
+    gPrintBlockWriters[PRINT_ICH_OPTIONS] = IcH_WriteRows;
     gPrintBlockWriters[PRINT_TERMOMETER_SETUP] = Termometer_WriteRows;
     gPrintBlockWriters[PRINT_OTHER_OPTIONS] = OtherRows;
     return true;

@@ -7,6 +7,7 @@
 #include "instrument/averaging.h"
 #include "instrument/thermometer.h"
 #include "instrument/virtual_channels.h"
+#include "measure/ic_options.h"
 #include "measure/ivc_options.h"
 #include "measure/measure_options.h"
 #include "platform/host.h"
@@ -35,7 +36,7 @@ const SettingsGroup gSettingsGroups[kSettingsGroupCount] = {
     {.name = "averaging", .load = LoadAveragingOptions, .save = SaveAveragingOptions},
     {.name = "thermometer", .load = LoadTermometerOptions, .save = SaveTermometerOptions},
     {.name = "waveform programs"},
-    {.name = "Ic(H)"},
+    {.name = "Ic(H)", .load = IcH_LoadOptions, .save = IcH_SaveOptions},
     {.name = "Ic(T)"}, // after Ic(H), so that its keys win
     {.name = "V(T) and R(T)"},
     {.name = "V_dc(I_ac)"},
@@ -100,6 +101,7 @@ void InstallSettingsGroups() {
     } kFns[] = {
         {DATA_GROUP_AVERAGING, LoadAveragingOptions, SaveAveragingOptions},
         {DATA_GROUP_DELAYS, Delays_LoadOptions, Delays_SaveOptions},
+        {DATA_GROUP_ICH, IcH_LoadOptions, IcH_SaveOptions},
         {DATA_GROUP_VIRTUAL_IV, LoadVirtualChannels, SaveVirtualChannels},
         {DATA_GROUP_THERMOMETER, LoadTermometerOptions, SaveTermometerOptions},
         {DATA_GROUP_OTHER, GeneralMeasure_LoadOptions, GeneralMeasure_SaveOptions},

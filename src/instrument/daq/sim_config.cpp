@@ -321,6 +321,8 @@ void ReadJunction(const Reader& r, const char* section, SimJunctionConfig& j) {
     r.Number(section, "BetaC", 0, 1000, j.betaC);
     r.Number(section, "Ie", 0, 1.0, j.ie);
     r.Positive(section, "H0", 10.0, j.h0);
+    r.Number(section, "StepVoltage", 0, 1.0, j.stepVoltage);
+    r.Number(section, "StepIc", 0, 1.0, j.stepIc);
     // An excess current above the critical current has no place on the branch.
     j.ie = std::min(j.ie, j.ic0);
 }
@@ -340,7 +342,7 @@ SimConfig DefaultSimConfig() {
     c.inputs[kSigThermometer] = {Port(1, 3), 100.0, 0.0005, 0.0};
     c.inputs[kSigMonitor] = {Port(1, 4), 1.0, 0.0003, 0.0};
     c.inputs[kSigTrigger] = {Port(1, 7), 1.0, 0.0, 0.0};
-    c.j1 = {1e-4, 10.0, 5.0, 1e-5, 2e-3}; // hysteretic: retraps near 0.54 Ic
+    c.j1 = {1e-4, 10.0, 5.0, 1e-5, 2e-3, 2e-4, 5e-5}; // hysteretic: retraps near 0.54 Ic
     c.j2 = {6e-5, 15.0, 0.0, 0.0, 3e-3};  // overdamped
     return c;
 }

@@ -52,6 +52,10 @@ struct SimJunctionConfig {
     double betaC = 0; // Stewart-McCumber parameter
     double ie = 0;    // A, excess current at T = 0
     double h0 = 0;    // A of coil current per flux quantum
+    // A resonance step at a finite voltage: reached from the zero-voltage state when the bias
+    // passes Ic below the step's top, stepIc x |sin(pi h / H0)|. 0 for none.
+    double stepVoltage = 0; // V
+    double stepIc = 0;      // A
 };
 
 struct SimArrayConfig {

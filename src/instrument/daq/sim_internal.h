@@ -15,6 +15,8 @@
 struct SimJunctionLive {
     const RcsjBranch* branch = nullptr;
     bool fRunning = false;
+    bool fOnStep = false;    // on the resonance step, not on the running branch
+    bool fAboveStep = false; // ran off the top of the step: at least at the next step
 };
 
 struct SimState {

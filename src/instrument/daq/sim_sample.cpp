@@ -58,10 +58,23 @@ JunctionNow NowOf(const SimJunctionConfig& j, const SimJunctionLive& live) {
     return n;
 }
 
+// The top current of the resonance step: largest between the nodes of Ic, gone at zero field.
+double StepTop(const SimJunctionConfig& j) {
+    if (j.stepIc <= 0) return 0;
+    const double h = CoilCurrent() - gSim.config.fieldOffset;
+    return j.stepIc * SimAbRatio(gSim.temperature, gSim.config.tc) *
+           std::fabs(std::sin(kPi * h / j.h0));
+}
+
 double JunctionVoltage(const SimJunctionConfig& j, const SimJunctionLive& live) {
+    if (live.fOnStep) return BiasCurrent() < 0 ? -j.stepVoltage : j.stepVoltage;
     if (!live.fRunning) return 0;
     JunctionNow n = NowOf(j, live);
-    return JunctionRunningVoltage(*live.branch, n.ic, n.rn, n.ie, BiasCurrent());
+    const double v = JunctionRunningVoltage(*live.branch, n.ic, n.rn, n.ie, BiasCurrent());
+    // Off the top of the step the junction switches to the next step, never back below it.
+    if (live.fAboveStep && std::fabs(v) < 2 * j.stepVoltage)
+        return v < 0 ? -2 * j.stepVoltage : 2 * j.stepVoltage;
+    return v;
 }
 
 double ArrayJunctionIc(size_t k) {
@@ -88,13 +101,39 @@ double ArrayVoltage(int* switched) {
     return current < 0 ? -sum : sum;
 }
 
+// A switch from the zero-voltage state below the step's top lands on the step, above it lands
+// beyond the step (at least at twice its voltage until the junction retraps); the step is left
+// for the running branch above its top, and for zero where the junction retraps (below Ir, and
+// below half the top).
+void UpdateJunction(const SimJunctionConfig& j, SimJunctionLive& live, double current) {
+    const double top = StepTop(j), a = std::fabs(current);
+    const JunctionNow n = NowOf(j, live);
+    if (live.fOnStep) {
+        if (a > top || a < std::min(0.5 * top, n.ir)) {
+            live.fOnStep = false;
+            live.fRunning = live.fAboveStep = a > top;
+        }
+        return;
+    }
+    const bool was = live.fRunning;
+    live.fRunning = JunctionRunningAfter(live.fRunning, n.ic, n.ir, current);
+    if (!was && live.fRunning) {
+        // Like a jump to the gap, a switch past the step's top lands above the step.
+        if (a < top) {
+            live.fRunning = false;
+            live.fOnStep = true;
+        } else {
+            live.fAboveStep = j.stepIc > 0;
+        }
+    }
+    if (!live.fRunning) live.fAboveStep = false;
+}
+
 void UpdateJunctions() {
     const SimConfig& c = gSim.config;
     double current = BiasCurrent();
-    JunctionNow n1 = NowOf(c.j1, gSim.j1);
-    gSim.j1.fRunning = JunctionRunningAfter(gSim.j1.fRunning, n1.ic, n1.ir, current);
-    JunctionNow n2 = NowOf(c.j2, gSim.j2);
-    gSim.j2.fRunning = JunctionRunningAfter(gSim.j2.fRunning, n2.ic, n2.ir, current);
+    UpdateJunction(c.j1, gSim.j1, current);
+    UpdateJunction(c.j2, gSim.j2, current);
     for (size_t k = 0; k < gSim.array.size(); ++k) {
         SimJunctionLive& live = gSim.array[k];
         double ic = ArrayJunctionIc(k);
