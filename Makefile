@@ -2,11 +2,12 @@
 # make test   install, build with AddressSanitizer and UBSan, run every test
 # make tsan   build with ThreadSanitizer and run the tests of the measurement run and its windows
 # make bench  build optimised and run the benchmarks
+# make install / make package   install the optimised build, or make the Debian package
 JOBS   ?= $(shell nproc)
 CMAKE  ?= cmake
 GEN    := -G Ninja
 
-.PHONY: all run test tsan bench deps clean fuzz
+.PHONY: all run test tsan bench deps clean fuzz install package
 
 all: build/build.ninja
 	$(CMAKE) --build build -j $(JOBS)
@@ -62,5 +63,20 @@ fuzz: | deps
 	  -DVANTREL_TESTS=OFF -DVANTREL_GUI=OFF -DVANTREL_FUZZ=ON
 	$(CMAKE) --build build-fuzz -j $(JOBS)
 
+# Installs the optimised build under PREFIX (default /usr/local).
+PREFIX ?= /usr/local
+install: all
+	$(CMAKE) --install build --prefix $(PREFIX)
+
+# The Debian package, built optimised for /usr: build-pkg/vantrel_*.deb.
+build-pkg/build.ninja: | deps
+	$(CMAKE) -S . -B build-pkg $(GEN) -DCMAKE_BUILD_TYPE=Release -DVANTREL_TESTS=OFF \
+	  -DCMAKE_INSTALL_PREFIX=/usr
+
+package: build-pkg/build.ninja
+	$(CMAKE) --build build-pkg -j $(JOBS)
+	cd build-pkg && cpack
+	@ls build-pkg/*.deb
+
 clean:
-	rm -rf build build-test build-tsan build-bench build-fuzz
+	rm -rf build build-test build-tsan build-bench build-fuzz build-pkg

@@ -7,6 +7,7 @@
 #include "instrument/virtual_channels.h"
 #include "support/cmdline.h"
 #include "support/program_folder.h"
+#include "support/user_folders.h"
 
 #include <cstdio>
 #include <cstring>
@@ -66,11 +67,11 @@ int CliStartInstrument(bool loadSettings) {
         return 2;
     }
     char simPath[4096];
-    std::snprintf(simPath, sizeof simPath, "%ssimdaq.ini", ProgramDirectory());
+    std::snprintf(simPath, sizeof simPath, "%ssimdaq.ini", SettingsDirectory());
     SwitchString("simdaq:", simPath, simPath, sizeof simPath);
     SimDaqSetPath(simPath);
 
-    int result = DetectCards(gReport, sizeof gReport, ProgramDirectory());
+    int result = DetectCards(gReport, sizeof gReport, SettingsDirectory());
     if (result != 0) {
         char message[512];
         CardsStartupMessage(result, "vantrel-cli", message, sizeof message);
@@ -82,7 +83,7 @@ int CliStartInstrument(bool loadSettings) {
     if (!loadSettings) return 0;
 
     char ini[4096];
-    std::snprintf(ini, sizeof ini, "%svtl.ini", ProgramDirectory());
+    std::snprintf(ini, sizeof ini, "%svtl.ini", SettingsDirectory());
     SwitchString("i:", ini, gIniFileName, sizeof gIniFileName);
     int status = LoadSettingsWithOverrides();
     // The zeros set before the settings were those of whatever DAC each record named then.

@@ -1,5 +1,6 @@
 // vantrel: the desktop program. Starts in the program's order: command line and driver, the
 // window's creation (cards, settings, position), then the About box or the files named.
+#include "support/user_folders.h"
 #include "ui/settings_registry.h"
 #include "gui/main_window.h"
 #include "gui/measure_dialog.h"
@@ -14,6 +15,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <cstdio>
 #include <new>
 
 int main(int argc, char** argv) {
@@ -22,7 +24,10 @@ int main(int argc, char** argv) {
     ParseArgv(argc, argv);
     if (!SelectDriverFromCommandLine()) return 2;
     char simPath[4096];
-    if (FindSwitch("simdaq:", simPath, sizeof simPath)) SimDaqSetPath(simPath);
+    // The simulated rack is described beside the settings unless -simdaq: says otherwise.
+    std::snprintf(simPath, sizeof simPath, "%ssimdaq.ini", SettingsDirectory());
+    SwitchString("simdaq:", simPath, simPath, sizeof simPath);
+    SimDaqSetPath(simPath);
 
     VantrelMainWindow window;
     window.Install();

@@ -6,6 +6,7 @@
 #include "support/bounded_text.h"
 #include "support/c_locale.h"
 #include "support/message_box.h"
+#include "support/user_folders.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -34,6 +35,11 @@ bool MakeFolder(const std::string& folder) {
 void AutoDataFolder(const char* settingsFile, char* folder, size_t size) {
     if (gAutoDataFolder[0]) {
         BoundedCopy(folder, gAutoDataFolder, size);
+        return;
+    }
+    const std::string user = UserDataFolder();
+    if (!user.empty()) {
+        BoundedCopy(folder, user.c_str(), size);
         return;
     }
     const char* slash = settingsFile ? std::strrchr(settingsFile, '/') : nullptr;

@@ -7,6 +7,7 @@
 #include "support/bounded_text.h"
 #include "support/cmdline.h"
 #include "support/program_folder.h"
+#include "support/user_folders.h"
 #include "ui/command_table.h"
 #include "ui/main_state.h"
 
@@ -22,14 +23,15 @@ bool SelectDriverFromCommandLine() {
 
 int StartupCreate(void* window) {
     SwitchString("u:", "anonymous", gUserName, sizeof gUserName);
-    int cards = DetectCards(gHardwareReport, sizeof gHardwareReport, ProgramDirectory());
+    int cards = DetectCards(gHardwareReport, sizeof gHardwareReport, SettingsDirectory());
     if (cards != 0) {
         ShowCardsStartupFailure(window, cards, gProgramName, gHardwareReport);
         return cards == 1 ? STARTUP_NO_DAC : STARTUP_NO_ADC;
     }
     InitDacState();
     char ini[sizeof gIniFileName];
-    ProgramFilePath("vtl.ini", ini, sizeof ini);
+    BoundedCopy(ini, SettingsDirectory(), sizeof ini);
+    BoundedAppend(ini, "vtl.ini", sizeof ini);
     SwitchString("i:", ini, gIniFileName, sizeof gIniFileName);
     LoadAllSettings(gIniFileName);
     LoadWindowPosition(window, gIniFileName);
