@@ -22,7 +22,13 @@ foreach(size 48 128 256)
           RENAME vantrel.png)
 endforeach()
 
-# Manual pages, compressed as Debian keeps them.
+# Manual pages and the changelog, compressed as Debian keeps them.
+set(changelog ${CMAKE_CURRENT_BINARY_DIR}/man/changelog.gz)
+add_custom_command(OUTPUT ${changelog}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/man
+  COMMAND gzip -9n -c ${PROJECT_SOURCE_DIR}/packaging/changelog > ${changelog}
+  DEPENDS ${PROJECT_SOURCE_DIR}/packaging/changelog)
+install(FILES ${changelog} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 set(man_pages)
 foreach(page vantrel.1 vantrel-cli.1)
   set(gz ${CMAKE_CURRENT_BINARY_DIR}/man/${page}.gz)
@@ -32,7 +38,7 @@ foreach(page vantrel.1 vantrel-cli.1)
     DEPENDS ${PROJECT_SOURCE_DIR}/packaging/${page})
   list(APPEND man_pages ${gz})
 endforeach()
-add_custom_target(vantrel_man ALL DEPENDS ${man_pages})
+add_custom_target(vantrel_man ALL DEPENDS ${man_pages} ${changelog})
 install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 set(CPACK_GENERATOR DEB)
@@ -42,9 +48,10 @@ set(CPACK_PACKAGE_CONTACT "Vantrel developers <vantrel@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "measurements of superconducting and Josephson devices at low temperature")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Vantrel sweeps currents through a sample, reads voltages and draws the curves: V(I), Ic(H),\nIm(H) and more, with a simulated instrument for work without cards.")
+    "Vantrel sweeps currents through a sample, reads voltages and draws the\ncurves: V(I), Ic(H), Im(H) and more, with a simulated instrument for work\nwithout cards.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 include(CPack)

@@ -59,3 +59,30 @@ TEST(Install, TreeAndUserFolders) {
 }
 
 } // namespace
+
+namespace {
+
+// The package made from this build holds the tree above and depends on the Qt libraries.
+TEST(Install, PackageFilesAndDependencies) {
+    if (Shell("command -v dpkg-deb > /dev/null && command -v dpkg-shlibdeps > /dev/null") != 0)
+        GTEST_SKIP() << "no dpkg-dev";
+    TempDir dir;
+    ASSERT_EQ(Shell("cd " VANTREL_BINARY_DIR " && cpack -G DEB -B " + dir.Path() + " > " +
+                    dir.File("cpack.log") + " 2>&1"),
+              0)
+        << ReadWholeFile(dir.File("cpack.log"));
+    ASSERT_EQ(Shell("cd " + dir.Path() + " && dpkg-deb -c vantrel_*.deb > files.txt && " +
+                    "dpkg-deb -f vantrel_*.deb Depends > depends.txt"),
+              0);
+    const std::string files = ReadWholeFile(dir.File("files.txt"));
+    for (const char* file :
+         {"./usr/bin/vantrel-cli", "./usr/bin/vantrel", "./usr/share/vantrel/vtl.ini",
+          "./usr/share/doc/vantrel/README.md", "./usr/share/man/man1/vantrel.1.gz",
+          "./usr/share/applications/vantrel.desktop"})
+        EXPECT_NE(files.find(file), std::string::npos) << file;
+    const std::string depends = ReadWholeFile(dir.File("depends.txt"));
+    for (const char* package : {"libqt6widgets6", "libqt6printsupport6", "libc6"})
+        EXPECT_NE(depends.find(package), std::string::npos) << depends;
+}
+
+} // namespace
