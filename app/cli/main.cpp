@@ -23,6 +23,9 @@ const CliVerb gCliVerbs[] = {
      "[-i:FILE] [-o:FILE] [-daq:NAME] [-simdaq:PATH] [-set:Section/Key=value ...] detects the "
      "cards, loads all settings (default vtl.ini beside the program) and writes them to -o: or "
      "prints them"},
+    {"recover", RunRecoverVerb,
+     "[-i:FILE]  makes data pairs of the journals that killed runs left in the automatic data "
+     "folder"},
     {"read", RunReadVerb,
      "[-i:FILE] [-daq:NAME] [-simdaq:PATH]  prints every connected voltage and current"},
 #ifdef VANTREL_HAVE_GUI

@@ -2,7 +2,10 @@
 // it, with its data pair written at the end.
 #include "cli_startup.h"
 #include "cli_verbs.h"
+#include "files/run_journal_recover.h"
 #include "instrument/autozero.h"
+#include "measure/run_journal.h"
+#include "ui/measure_command.h"
 #include "curve/undo.h"
 #include "files/data_file.h"
 #include "files/data_file_auto.h"
@@ -73,10 +76,17 @@ int RunMeasureVerb(int, char**) {
     // taken off all readings of the run.
     if (SwitchBool("autozero:", 0)) DoAutoZero(1, nullptr);
 
+    PrepareRunJournal();
+    for (const std::string& left : LeftJournals(gJournalFolder))
+        std::fprintf(stderr,
+                     "vantrel-cli: %s holds the points of a run that did not end; "
+                     "'vantrel-cli recover' makes a data pair of them\n",
+                     left.c_str());
     std::signal(SIGINT, OnInterrupt);
     int result = RunMeasurement(nullptr, *params);
     std::signal(SIGINT, SIG_DFL);
     if (result == 0) {
+        JournalDiscard();
         std::fprintf(stderr, "vantrel-cli: %s measured nothing\n", title);
         return 1;
     }
@@ -84,13 +94,17 @@ int RunMeasureVerb(int, char**) {
     for (unsigned c = 0; c < gCurves.count; ++c)
         std::printf("  %-32s %u points\n", gCurves.GetCurve(c).GetName(),
                     gCurves.GetCurve(c).count);
-    if (gCurves.count == 0) return 0;
+    if (gCurves.count == 0) {
+        JournalDiscard();
+        return 0;
+    }
 
     // A pair that failed has shown its box; the name goes to standard error and the exit
     // status tells the script.
     int status = 0;
     char path[4096];
     if (WriteAutomaticDataPair(title, gIniFileName, path, sizeof path) == DATA_PAIR_DONE) {
+        JournalDiscard();
         std::printf("data: %s\n", path);
     } else {
         std::fprintf(stderr, "vantrel-cli: can not write %s\n", path);

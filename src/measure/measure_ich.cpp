@@ -10,6 +10,7 @@
 #include "measure/measure_ivc.h"
 #include "measure/measure_options.h"
 #include "measure/measure_run.h"
+#include "measure/run_journal.h"
 #include "platform/measure_dialog.h"
 #include "support/debug_check.h"
 #include "support/message_box.h"
@@ -178,6 +179,7 @@ int RunScan(void* dlg, ScanKind kind) {
                     p.y = onStep == 1 ? static_cast<float>(GetCurrent(s.sweep1)) : 0.0f;
                     p.x = IcX_GetParamValue(dlg, s.sweep2, n);
                 }
+            JournalPoints((n + 1) * M);
             if (H == range.to) xEnd = IcX_GetParamValue(dlg, s.sweep2, n);
             MeasureDialog().RefreshCurrents(dlg);
         }

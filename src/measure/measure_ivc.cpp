@@ -7,6 +7,7 @@
 #include "instrument/virtual_channels.h"
 #include "measure/measure_options.h"
 #include "measure/measure_run.h"
+#include "measure/run_journal.h"
 #include "support/debug_check.h"
 #include "support/message_box.h"
 
@@ -128,6 +129,7 @@ int MeasureIVC(void* dlg) {
             p.x = x;
             p.y = static_cast<float>(y.volts);
         }
+        JournalPoints(n + 1);
         if (fAbortRequested) {
             TruncateOrClear(n);
             stopped = true;

@@ -1,6 +1,7 @@
 #include "measure/measure_run.h"
 #include "curve/undo.h"
 #include "instrument/virtual_channels.h"
+#include "measure/run_journal.h"
 #include "platform/host.h"
 #include "platform/measure_dialog.h"
 #include "support/debug_check.h"
@@ -21,6 +22,9 @@ namespace {
 struct MeasureThreadStart {
     int (*threadFunction)(void* dlg);
     void* dlg;
+    const char* title;
+    const char* xUnits;
+    const char* yUnits;
 };
 
 std::mutex gThreadLock;
@@ -29,7 +33,13 @@ std::atomic<bool> gRunning{false};
 std::atomic<int> gLastResult{0};
 
 void MeasureThreadProc(MeasureThreadStart start) {
+    JournalBegin(start.title, start.xUnits, start.yUnits);
     int result = start.threadFunction(start.dlg);
+    std::uint32_t longest = 0;
+    for (std::uint32_t c = 0; c < gCurves.count; ++c)
+        if (gCurves.GetCurve(c).count > longest) longest = gCurves.GetCurve(c).count;
+    JournalPoints(longest, true);
+    JournalEnd();
     gPaintedCurves = &gCurves;
     gLastResult = result;
     gRunning = false;
@@ -59,7 +69,10 @@ bool StartMeasurementThread(void* dlg, const MeasureParams& params) {
     if (gThread.joinable()) gThread.join(); // the previous run has ended its dialog already
     gRunning = true;
     try {
-        gThread = std::thread(MeasureThreadProc, MeasureThreadStart{params.threadFunction, dlg});
+        gThread = std::thread(MeasureThreadProc,
+                              MeasureThreadStart{params.threadFunction, dlg, params.title,
+                                                 params.xUnits ? params.xUnits() : "",
+                                                 params.yUnits ? params.yUnits : ""});
     } catch (...) {
         gRunning = false;
         gPaintedCurves = &gCurves;

@@ -25,6 +25,9 @@ struct MeasureParams {
     void (*xAxisHandler)(void* instance, void* dlg);
     void (*yAxisHandler)(void* instance, void* dlg);
     MeasureLayout layout;
+    // The units of the family, for a journal recovered after the program was killed.
+    const char* (*xUnits)() = nullptr;
+    const char* yUnits = nullptr;
 };
 
 // The measurements that exist, ended by a record with a null title.

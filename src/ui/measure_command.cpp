@@ -1,6 +1,9 @@
 #include "ui/measure_command.h"
 
+#include "files/data_file.h"
 #include "files/data_file_auto.h"
+#include "measure/run_journal.h"
+#include "settings/profile.h"
 #include "ui/settings_registry.h"
 #include "measure/measure_options.h"
 #include "ui/command_table.h"
@@ -31,8 +34,12 @@ void SetChannelPanelOpener(ChannelPanelOpener opener) {
 int MeasureCommand(void* window, const char* title, bool swapRule) {
     const MeasureParams* params = FindMeasureParams(title);
     if (!params) return 0;
+    PrepareRunJournal();
     int result = gMeasureOpener(window, *params);
-    if (!result) return 0;
+    if (!result) {
+        JournalDiscard();
+        return 0;
+    }
     if (RescalePlotAfterMeasurement) gViewScale.scaleAuto = 1;
     if (swapRule && SwapXY_Axes) {
         // A curve shown the other way round stays that way after each run.
@@ -46,8 +53,15 @@ int MeasureCommand(void* window, const char* title, bool swapRule) {
     }
     fDataSaved = 0;
     char path[4096];
-    WriteAutomaticDataPair(title, gIniFileName, path, sizeof path);
+    if (WriteAutomaticDataPair(title, gIniFileName, path, sizeof path) == DATA_PAIR_DONE)
+        JournalDiscard();
     return result;
+}
+
+void PrepareRunJournal() {
+    fRunJournal =
+        static_cast<std::int32_t>(ReadProfileLong("Measure", "RunJournal", 1, gIniFileName));
+    AutoDataFolder(gIniFileName, gJournalFolder, sizeof gJournalFolder);
 }
 
 void ChannelPanelCommand(void* window, int voltages) {

@@ -17,3 +17,7 @@ void SetChannelPanelOpener(ChannelPanelOpener opener);
 // dialog's result.
 int MeasureCommand(void* window, const char* title, bool swapRule);
 void ChannelPanelCommand(void* window, int voltages);
+
+// Before a run: the journal's folder (the automatic data folder) and the "RunJournal" key of
+// section "Measure" (1 when missing).
+void PrepareRunJournal();

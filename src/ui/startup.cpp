@@ -1,4 +1,10 @@
 #include "ui/command_ids.h"
+#include "files/data_file.h"
+#include "files/run_journal_recover.h"
+#include "measure/run_journal.h"
+#include "platform/host.h"
+#include "support/message_box.h"
+#include "ui/measure_command.h"
 #include "ui/startup.h"
 
 #include "ui/settings_registry.h"
@@ -38,7 +44,30 @@ int StartupCreate(void* window) {
     return STARTUP_RUNNING;
 }
 
+namespace {
+
+// Journals of runs that never ended (the program was killed): offered as data pairs.
+void OfferJournalRecovery(void* window) {
+    PrepareRunJournal();
+    for (const std::string& journal : LeftJournals(gJournalFolder)) {
+        char text[4400];
+        std::snprintf(text, sizeof text,
+                      "A measurement did not end (the program was stopped during the run).\n"
+                      "Its points are kept in\n%s\n\nMake a data pair of them and open it?",
+                      journal.c_str());
+        if (MessageBoxBeep(window, text, gProgramName, MB_YESNO | MB_ICONQUESTION) != IDYES)
+            continue;
+        std::string pair, report;
+        if (RecoverJournal(journal.c_str(), pair, report) == DATA_PAIR_DONE)
+            OpenDataFile(window, pair.c_str(), 0);
+        Host().SetStatusText(0, report.c_str());
+    }
+}
+
+} // namespace
+
 void StartupFinish(void* window, void (*post)(void* window, int command)) {
+    OfferJournalRecovery(window);
     SetSelectionState(0);
     gViewScale.scaleAuto = 1;
     int command = PositionalCount() > 1 ? IDM_OPEN_COMMAND_LINE_FILES : IDM_ABOUT;
