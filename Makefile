@@ -7,7 +7,7 @@ JOBS   ?= $(shell nproc)
 CMAKE  ?= cmake
 GEN    := -G Ninja
 
-.PHONY: all run test tsan bench deps clean fuzz install package
+.PHONY: all run test tsan bench deps clean fuzz fuzz-check install package
 
 all: build/build.ninja
 	$(CMAKE) --build build -j $(JOBS)
@@ -62,6 +62,19 @@ fuzz: | deps
 	CC=clang CXX=clang++ $(CMAKE) -S . -B build-fuzz $(GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DVANTREL_TESTS=OFF -DVANTREL_GUI=OFF -DVANTREL_FUZZ=ON
 	$(CMAKE) --build build-fuzz -j $(JOBS)
+
+# A short run of every fuzz target over its kept corpus (new inputs go to build-fuzz/corpus).
+FUZZ_SECONDS ?= 20
+FUZZ_TARGETS := data_pair dxb thermometer settings simdaq nidaq journal
+fuzz-check: fuzz
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p build-fuzz/corpus/$$t; \
+	  build-fuzz/fuzz/fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -rss_limit_mb=2048 -max_len=8192 \
+	    -print_final_stats=1 build-fuzz/corpus/$$t fuzz/corpus/$$t > build-fuzz/fuzz_$$t.log 2>&1; \
+	  status=$$?; \
+	  echo "fuzz_$$t: $$(grep -o 'number_of_executed_units: [0-9]*' build-fuzz/fuzz_$$t.log)"; \
+	  if [ $$status -ne 0 ]; then tail -40 build-fuzz/fuzz_$$t.log; exit 1; fi; \
+	done
 
 # Installs the optimised build under PREFIX (default /usr/local).
 PREFIX ?= /usr/local
