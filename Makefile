@@ -65,7 +65,7 @@ fuzz: | deps
 
 # A short run of every fuzz target over its kept corpus (new inputs go to build-fuzz/corpus).
 FUZZ_SECONDS ?= 20
-FUZZ_TARGETS := data_pair dxb thermometer settings simdaq nidaq journal
+FUZZ_TARGETS := data_pair dxb thermometer settings simdaq nidaq journal cmdline
 fuzz-check: fuzz
 	@for t in $(FUZZ_TARGETS); do \
 	  mkdir -p build-fuzz/corpus/$$t; \

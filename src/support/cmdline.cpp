@@ -84,12 +84,15 @@ void ReadOptionsFile() {
 
 } // namespace
 
+void (*gCmdLineFailHook)(int code) = nullptr;
+
 void CmdLineFail(int code, const char* format, ...) {
     std::va_list args;
     va_start(args, format);
     std::vfprintf(stderr, format, args);
     va_end(args);
     std::fflush(stderr);
+    if (gCmdLineFailHook) gCmdLineFailHook(code);
     std::exit(code);
 }
 

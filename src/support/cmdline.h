@@ -7,6 +7,9 @@
 extern int gCaseInsensitive; // names compare without case when set (0: with case)
 extern int gEscapes;         // escape sequences inside quoted text when set
 extern char gOptionsFileText[4097];
+// Called with the exit code before a failure ends the process; a hook that throws keeps the
+// process (the fuzz target of the parser). Null in the programs.
+extern void (*gCmdLineFailHook)(int code);
 
 // Splits text in place into the vector (entry 0 is "prog.exe"), then reads the options file.
 bool ParseCommandLine(char* text);
