@@ -20,6 +20,7 @@ int RunMeasureVerb(int argc, char** argv);
 int RunSettingsVerb(int argc, char** argv);
 int RunReadVerb(int argc, char** argv);
 int RunRecoverVerb(int argc, char** argv);
+int RunMathVerb(int argc, char** argv);
 // Only when the Qt interface is built: it draws through the Qt canvas.
 int RunPlotVerb(int argc, char** argv);
 int RunPrintVerb(int argc, char** argv);

@@ -23,6 +23,9 @@ const CliVerb gCliVerbs[] = {
      "[-i:FILE] [-o:FILE] [-daq:NAME] [-simdaq:PATH] [-set:Section/Key=value ...] detects the "
      "cards, loads all settings (default vtl.ini beside the program) and writes them to -o: or "
      "prints them"},
+    {"math", RunMathVerb,
+     "VERB IN -o:OUT.dat [-i:vtl.ini] [-set:Math/Key=value ...]  one operation of the Math menu "
+     "on every curve (alone: the list of operations)"},
     {"recover", RunRecoverVerb,
      "[-i:FILE]  makes data pairs of the journals that killed runs left in the automatic data "
      "folder"},

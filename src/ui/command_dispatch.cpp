@@ -21,6 +21,7 @@
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
 #include "measure/ic_options.h"
+#include "ui/math_command.h"
 #include "ui/measure_command.h"
 #include "ui/print_page.h"
 #include "settings/setup_table.h"
@@ -170,6 +171,17 @@ int Run(void* window, int command) {
         RefreshAll(window);
         return 1;
 
+    case IDM_FILTER:
+    case IDM_SMOOTH:
+    case IDM_SKIP_POINTS:
+    case IDM_SHIFT:
+    case IDM_SCALE:
+    case IDM_ABS:
+    case IDM_Y_AS_NEW_X:
+    case IDM_NORMALIZE_YMIN:
+    case IDM_NORMALIZE_YMAX:
+    case IDM_OPT_MATH:
+        return MathCommand(window, command);
     case IDM_DYDX_X:
     case IDM_DYDX_Y:
         SaveUndo();

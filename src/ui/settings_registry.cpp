@@ -1,5 +1,6 @@
 #include "ui/settings_registry.h"
 
+#include "analysis/math_options.h"
 #include "curve/curve_style.h"
 #include "files/data_file_options.h"
 #include "settings/profile.h"
@@ -26,7 +27,7 @@ const SettingsGroup gSettingsGroups[kSettingsGroupCount] = {
      .load = LoadVirtualChannels,
      .save = SaveVirtualChannels},
     {.name = "data file options", .load = LoadDataFileOptions, .save = SaveDataFileOptions},
-    {.name = "mathematics"},
+    {.name = "mathematics", .load = LoadMathOptions, .save = SaveMathOptions},
     {.name = "delays", .load = Delays_LoadOptions, .save = Delays_SaveOptions},
     {.name = "general measurement",
      .load = GeneralMeasure_LoadOptions,

@@ -1,0 +1,162 @@
+// The Math menu's curve operations on hand-made curves, their commands, and vantrel-cli math.
+#include "analysis/curve_operations.h"
+#include "analysis/math_options.h"
+#include "common/test_support.h"
+#include "curve/undo.h"
+#include "files/data_file.h"
+#include "files/data_file_options.h"
+#include "platform/headless_host.h"
+#include "ui/command_ids.h"
+#include "ui/command_table.h"
+#include "ui/main_state.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+Curve Make(const std::vector<float>& x, const std::vector<float>& y) {
+    Curve c;
+    for (size_t i = 0; i < x.size(); ++i)
+        c.AddPoint(x[i], y[i]);
+    return c;
+}
+
+std::vector<float> Ys(const Curve& c) {
+    std::vector<float> y;
+    for (std::uint32_t i = 0; i < c.count; ++i)
+        y.push_back(c.points[i].y);
+    return y;
+}
+
+TEST(CurveOperations, SmoothRepeatsTheEndsAndKeepsAConstant) {
+    Curve line = Make({0, 1, 2, 3, 4}, {0, 3, 6, 9, 12});
+    SmoothCurve(line, 1);
+    EXPECT_EQ(Ys(line), (std::vector<float>{1, 3, 6, 9, 11})); // (0+0+3)/3 and (9+12+12)/3
+    Curve flat = Make({0, 1, 2}, {2.5f, 2.5f, 2.5f});
+    SmoothCurve(flat, 7); // wider than the curve
+    EXPECT_EQ(Ys(flat), (std::vector<float>{2.5f, 2.5f, 2.5f}));
+    Curve one = Make({0}, {4});
+    SmoothCurve(one, 3);
+    EXPECT_EQ(Ys(one), std::vector<float>{4});
+}
+
+TEST(CurveOperations, FilterReplacesSpikesByTheDescribedFormula) {
+    Curve c = Make({0, 1, 2, 3, 4}, {1, 1, 20, 3, 3});
+    EXPECT_EQ(FilterSpikes(c, 5), 1u);
+    EXPECT_FLOAT_EQ(c.points[2].y, ((3 - 1) * 2.0f + 3 * 1.0f - 1 * 3.0f) / 2);
+    Curve equalX = Make({1, 1, 1}, {0, 50, 8});
+    EXPECT_EQ(FilterSpikes(equalX, 5), 1u);
+    EXPECT_FLOAT_EQ(equalX.points[1].y, 4.0f); // (yn - yp) / 2
+    Curve small = Make({0, 1, 2}, {0, 4, 0});
+    EXPECT_EQ(FilterSpikes(small, 5), 0u);
+    EXPECT_EQ(Ys(small), (std::vector<float>{0, 4, 0}));
+}
+
+TEST(CurveOperations, SkipKeepsCornersAndDropsStraightRuns) {
+    std::vector<float> x, y;
+    for (int i = 0; i <= 10; ++i)
+        x.push_back(i), y.push_back(i < 5 ? 0.0f : i - 5.0f);
+    Curve corner = Make(x, y);
+    EXPECT_EQ(SkipExtraPoints(corner, 3), 11u);
+    ASSERT_EQ(corner.count, 3u);
+    EXPECT_EQ(std::tuple(corner.points[1].x, corner.points[1].y), std::tuple(5.0f, 0.0f));
+    Curve empty;
+    EXPECT_EQ(SkipExtraPoints(empty, 3), 0u);
+}
+
+TEST(CurveOperations, YAsNewXRefusesInOrderAndTakesTheSource) {
+    CurveFamily f;
+    EXPECT_STREQ(YAsNewXRefusal(f), "Not applicable to 0 or 1 curve");
+    f.SetCurveCount(2);
+    f.GetCurve(0) = Make({0, 1}, {5, 6});
+    f.GetCurve(1) = Make({0}, {7});
+    EXPECT_STREQ(YAsNewXRefusal(f), "Curves have a different number of points");
+    f.GetCurve(1) = Make({0, 2}, {7, 8});
+    EXPECT_STREQ(YAsNewXRefusal(f), "Curves have a different X coords");
+    f.GetCurve(1) = Make({0, 1}, {7, 8});
+    f.SetUnits("s", "V");
+    ASSERT_EQ(YAsNewXRefusal(f), nullptr);
+    YAsNewX(f, 0);
+    ASSERT_EQ(f.count, 1u);
+    EXPECT_EQ(
+        std::tuple(f.GetCurve(0).points[1].x, f.GetCurve(0).points[1].y, std::string(f.xUnits)),
+        std::tuple(6.0f, 8.0f, std::string("V")));
+}
+
+class MathCommandTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        HeadlessReset();
+        ResetMathOptions();
+        gDataFileLink = {};
+        SetSelectionState(0);
+        gCurves.Reset();
+        gCurves.SetCurveCount(1);
+        gCurves.GetCurve(0) = Make({0, 1, 2, 3}, {2, 4, 6, 10});
+        fDataSaved = 1;
+    }
+    std::string Box() const {
+        auto b = HeadlessBoxes();
+        return b.empty() ? "" : b.back().caption + "|" + b.back().text;
+    }
+};
+
+// Inside a selection the commands refuse; Abs with nothing ticked changes nothing; a zero ymin
+// restores the family; (Y-Ymin)/Ymin works in percent.
+TEST_F(MathCommandTest, FramingRefusalsAndRelative) {
+    SetSelectionState(2);
+    EXPECT_EQ(CommandDispatch(nullptr, IDM_SMOOTH), 1);
+    EXPECT_EQ(Box(), "Math & Selection|This function is not implemented yet\nto work inside a "
+                     "selection.");
+    EXPECT_EQ(Ys(gCurves.GetCurve(0)), (std::vector<float>{2, 4, 6, 10}));
+    SetSelectionState(0);
+
+    CommandDispatch(nullptr, IDM_ABS);
+    EXPECT_EQ(fDataSaved, 1);
+
+    ASSERT_EQ(CommandDispatch(nullptr, IDM_NORMALIZE_YMIN), 1);
+    EXPECT_EQ(Ys(gCurves.GetCurve(0)), (std::vector<float>{0, 100, 200, 400}));
+    EXPECT_STREQ(gCurves.yUnits, "%");
+    EXPECT_EQ(fDataSaved, 0);
+
+    gCurves.GetCurve(0) = Make({0, 1}, {0, 5});
+    CommandDispatch(nullptr, IDM_NORMALIZE_YMIN);
+    EXPECT_EQ(Box(), "Error in DeltaY/Ymin|Can not calculate DeltaY/Ymin\nsince Ymin=0");
+    EXPECT_EQ(Ys(gCurves.GetCurve(0)), (std::vector<float>{0, 5}));
+
+    gCurves.GetCurve(0) =
+        Make({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    CommandDispatch(nullptr, IDM_SKIP_POINTS);
+    EXPECT_EQ(Box(), "Skip Results|Before: 11 , After: 2 , 450% skiped");
+}
+
+// The window's command and vantrel-cli math give the same data file.
+TEST_F(MathCommandTest, CliAndWindowWriteTheSameFile) {
+    TempDir dir;
+    const std::string in = dir.File("in.dat");
+    WriteWholeFile(in, "0 1\n1 9\n2 3\n3 4\n4 5\n5 30\n6 7\n");
+    ResetDataFileOptions();
+    fShowOptionsOnLoad = 0;
+    for (const auto& [command, verb] :
+         {std::pair{IDM_SMOOTH, "smooth"}, std::pair{IDM_FILTER, "filter"}}) {
+        ASSERT_EQ(OpenDataFile(nullptr, in.c_str(), 0), 0);
+        CommandDispatch(nullptr, command);
+        const std::string window = dir.File(std::string("window-") + verb + ".dat");
+        ASSERT_EQ(WriteDataPairQuiet(window.c_str()), DATA_PAIR_DONE);
+        const std::string cli = dir.File(std::string("cli-") + verb + ".dat");
+        ProcessResult r = RunCli({"math", verb, in, "-o:" + cli, "-set:Math/FilterParameter=4"});
+        ASSERT_EQ(r.exitCode, 0) << r.err << r.out;
+        if (command == IDM_SMOOTH)
+            EXPECT_EQ(ReadWholeFile(cli), ReadWholeFile(window)) << verb;
+        else
+            EXPECT_NE(ReadWholeFile(cli), ReadWholeFile(window)) << "A=4 against A=10";
+    }
+    ProcessResult r = RunCli({"math", "nosuch", in, "-o:" + dir.File("x.dat")});
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find("no operation \"nosuch\""), std::string::npos);
+}
+
+} // namespace
