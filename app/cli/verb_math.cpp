@@ -2,6 +2,7 @@
 // data pair, so that operations can be scripted and checked outside the window.
 #include "analysis/curve_operations.h"
 #include "analysis/math_options.h"
+#include "analysis/multi_point_derivative.h"
 #include "cli_verbs.h"
 #include "curve/undo.h"
 #include "files/data_file.h"
@@ -31,6 +32,8 @@ const MathVerb kVerbs[] = {
     {"dydx-x", "Simple dy/dx (x)"},
     {"dydx-y", "Simple dy/dx (y)"},
     {"integrate", "Integrate"},
+    {"multi-dydx-x", "Multi-point dY/dX (X), over 2 DerivePoints + 1 points"},
+    {"multi-dydx-y", "Multi-point dY/dX (Y)"},
     {"shift", "Shift by -dx: and -dy:"},
     {"scale", "Scale: x * -xm: / -xd:, y * -ym: / -yd:"},
     {"abs", "Abs of x (-x:+) and/or y (-y:+)"},
@@ -132,6 +135,12 @@ int RunMathVerb(int, char**) {
             std::printf("curves of fewer than 2 points were discarded\n");
     }
     if (name == "integrate") gCurves.Integrate();
+    if (name == "multi-dydx-x" || name == "multi-dydx-y") {
+        CurveFamily derived;
+        MultiPointDerivative(gCurves, name == "multi-dydx-y", derived);
+        gCurves.Reset();
+        gCurves = derived;
+    }
     if (name == "swap-xy") gCurves.SwapAxes();
     if (name == "ymin-relative") ok = RelativeToMin(gCurves);
     if (name == "ymax-relative") ok = RelativeToMax(gCurves);

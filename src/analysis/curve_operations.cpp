@@ -55,6 +55,8 @@ std::uint32_t SkipExtraPoints(Curve& curve, float criticalAngle) {
     curve.MinY(yMin);
     curve.MaxY(yMax);
     const double dx = xMax - xMin, dy = yMax - yMin;
+    // A curve flat in x or in y has no angles to measure: it stays as it is.
+    if (dx == 0 || dy == 0) return before;
     const double limit = std::cos(criticalAngle * 3.1415926 / 180);
     for (bool dropped = true; dropped && curve.count > 2;) {
         const Point* p = curve.points;

@@ -181,6 +181,8 @@ int Run(void* window, int command) {
     case IDM_NORMALIZE_YMIN:
     case IDM_NORMALIZE_YMAX:
     case IDM_OPT_MATH:
+    case IDM_MULTI_DYDX_X:
+    case IDM_MULTI_DYDX_Y:
         return MathCommand(window, command);
     case IDM_DYDX_X:
     case IDM_DYDX_Y:

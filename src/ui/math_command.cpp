@@ -2,6 +2,7 @@
 
 #include "analysis/curve_operations.h"
 #include "analysis/math_options.h"
+#include "analysis/multi_point_derivative.h"
 #include "curve/undo.h"
 #include "platform/host.h"
 #include "settings/setup_table.h"
@@ -89,6 +90,18 @@ int MathCommand(void* window, int command) {
     case IDM_OPT_MATH:
         MathSetupDialog(window);
         return 1;
+    case IDM_MULTI_DYDX_X:
+    case IDM_MULTI_DYDX_Y: {
+        if (!SaveUndo()) return 1;
+        Host().WaitCursor(1);
+        CurveFamily derived;
+        MultiPointDerivative(gCurves, command == IDM_MULTI_DYDX_Y, derived);
+        gCurves.Reset();
+        gCurves = derived;
+        Host().WaitCursor(0);
+        Changed(window);
+        return 1;
+    }
     default:
         return 0;
     }

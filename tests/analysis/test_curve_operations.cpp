@@ -1,6 +1,7 @@
 // The Math menu's curve operations on hand-made curves, their commands, and vantrel-cli math.
 #include "analysis/curve_operations.h"
 #include "analysis/math_options.h"
+#include "analysis/multi_point_derivative.h"
 #include "common/test_support.h"
 #include "curve/undo.h"
 #include "files/data_file.h"
@@ -157,6 +158,57 @@ TEST_F(MathCommandTest, CliAndWindowWriteTheSameFile) {
     ProcessResult r = RunCli({"math", "nosuch", in, "-o:" + dir.File("x.dat")});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find("no operation \"nosuch\""), std::string::npos);
+}
+
+} // namespace
+
+namespace {
+
+// The slope of a line over 2N + 1 points is the line's slope; with the edges discarded a curve
+// of 20 points keeps 12 and one of 16 keeps 8; a parabola's derivative is 2x inside.
+TEST(MultiPointDerivative, SlopesAndLengths) {
+    ResetMathOptions();
+    struct Case {
+        unsigned n;
+        std::int32_t discard;
+        unsigned kept;
+    } cases[] = {{20, 1, 12}, {16, 1, 8}, {5, 1, 5}, {20, 0, 20}};
+    for (const Case& k : cases) {
+        CurveFamily f;
+        f.SetCurveCount(1);
+        for (unsigned i = 0; i < k.n; ++i)
+            f.GetCurve(0).AddPoint(i * 0.5f, 3.0f * i * 0.5f + 1);
+        f.SetUnits("A", "V");
+        DeriveDiscardEdge = k.discard;
+        DeriveDiscardDir = 0;
+        CurveFamily d;
+        MultiPointDerivative(f, false, d);
+        ASSERT_EQ(d.GetCurve(0).count, k.kept) << k.n;
+        EXPECT_STREQ(d.yUnits, "V/A");
+        if (k.discard && k.n >= 9)
+            for (std::uint32_t i = 0; i < d.GetCurve(0).count; ++i)
+                EXPECT_NEAR(d.GetCurve(0).points[i].y, 3.0, 1e-5) << k.n << " " << i;
+    }
+    // With DeriveDiscardDir the second half takes its own step, (x[n-1] - x[n/2]) / (n/2): on a
+    // one-way sweep of 20 points 0.45 instead of 0.5.
+    CurveFamily line, d2;
+    line.SetCurveCount(1);
+    for (unsigned i = 0; i < 20; ++i)
+        line.GetCurve(0).AddPoint(i * 0.5f, 3.0f * i * 0.5f);
+    DeriveDiscardDir = 1;
+    MultiPointDerivative(line, false, d2);
+    EXPECT_NEAR(d2.GetCurve(0).points[11].y, 3.0 * 0.5 / 0.45, 1e-4);
+    DeriveDiscardDir = 0;
+    DeriveDiscardEdge = 1;
+    CurveFamily p;
+    p.SetCurveCount(1);
+    for (int i = -20; i <= 20; ++i)
+        p.GetCurve(0).AddPoint(i * 0.1f, i * 0.1f * i * 0.1f);
+    CurveFamily d;
+    MultiPointDerivative(p, false, d);
+    for (std::uint32_t i = 0; i < d.GetCurve(0).count; ++i)
+        EXPECT_NEAR(d.GetCurve(0).points[i].y, 2 * d.GetCurve(0).points[i].x, 1e-4) << i;
+    ResetMathOptions();
 }
 
 } // namespace
