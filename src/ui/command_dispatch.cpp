@@ -136,6 +136,7 @@ void OpenCommandLineFiles(void* window) {
 }
 
 int Run(void* window, int command) {
+    if (MathCommand(window, command)) return 1; // the Math menu's curve operations
     switch (command) {
     case IDM_OPEN:
         return OpenCommand(window, 0);
@@ -171,19 +172,6 @@ int Run(void* window, int command) {
         RefreshAll(window);
         return 1;
 
-    case IDM_FILTER:
-    case IDM_SMOOTH:
-    case IDM_SKIP_POINTS:
-    case IDM_SHIFT:
-    case IDM_SCALE:
-    case IDM_ABS:
-    case IDM_Y_AS_NEW_X:
-    case IDM_NORMALIZE_YMIN:
-    case IDM_NORMALIZE_YMAX:
-    case IDM_OPT_MATH:
-    case IDM_MULTI_DYDX_X:
-    case IDM_MULTI_DYDX_Y:
-        return MathCommand(window, command);
     case IDM_DYDX_X:
     case IDM_DYDX_Y:
         SaveUndo();
