@@ -88,7 +88,7 @@ const CommandRow kRows[] = {
     {IDM_SHIFT, A, nullptr, "S&hift", nullptr, S | B},
     {IDM_SCALE, A, nullptr, "S&cale", nullptr, B},
     {IDM_ABS, A, nullptr, "&Abs", nullptr, B},
-    {IDM_SELF_FIELD, A, nullptr, "Self-field", nullptr, 0},
+    {IDM_SELF_FIELD, A, nullptr, "Self-field", nullptr, B},
     {IDM_Y_AS_NEW_X, A, nullptr, "&y as new x", nullptr, B | OUT},
     {IDM_NORMALIZE_YMIN, A, nullptr, "(Y-Ymin) / Ymin", nullptr, B | OUT},
     {IDM_NORMALIZE_YMAX, A, nullptr, "(Y-Ymin) / Ymax", nullptr, B | OUT},

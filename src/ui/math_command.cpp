@@ -11,6 +11,7 @@
 #include "ui/command_ids.h"
 #include "ui/main_state.h"
 #include "ui/main_window_calls.h"
+#include "ui/self_field_command.h"
 
 #include <cfloat>
 
@@ -75,6 +76,7 @@ int MathCommand(void* window, int command) {
     case IDM_SCALE:
     case IDM_ABS:
     case IDM_Y_AS_NEW_X:
+    case IDM_SELF_FIELD:
         break;
     case IDM_NORMALIZE_YMIN:
     case IDM_NORMALIZE_YMAX:
@@ -141,6 +143,9 @@ int MathCommand(void* window, int command) {
         if (!gAbs[0] && !gAbs[1]) return 1; // nothing to do, nothing changed
         if (!SaveUndo()) return 1;
         ForEachMarked([](Curve& c) { AbsCurve(c, gAbs[0], gAbs[1]); });
+        break;
+    case IDM_SELF_FIELD:
+        if (!SelfFieldCommand(window)) return 1;
         break;
     case IDM_Y_AS_NEW_X: {
         if (const char* refusal = YAsNewXRefusal(gCurves)) {

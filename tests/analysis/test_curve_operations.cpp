@@ -2,6 +2,7 @@
 #include "analysis/curve_operations.h"
 #include "analysis/math_options.h"
 #include "analysis/multi_point_derivative.h"
+#include "analysis/self_field.h"
 #include "common/test_support.h"
 #include "curve/undo.h"
 #include "files/data_file.h"
@@ -209,6 +210,63 @@ TEST(MultiPointDerivative, SlopesAndLengths) {
     for (std::uint32_t i = 0; i < d.GetCurve(0).count; ++i)
         EXPECT_NEAR(d.GetCurve(0).points[i].y, 2 * d.GetCurve(0).points[i].x, 1e-4) << i;
     ResetMathOptions();
+}
+
+} // namespace
+
+namespace {
+
+// The peak of one-signed curves and the refusal of mixed ones; the two-curve parameters; the
+// command's automatic mode moves each peak to zero field and lists the curves it passed over.
+TEST(SelfField, PeaksTwoCurvesAndTheAutomaticMode) {
+    float peak, field;
+    EXPECT_EQ(FindCurrentPeak(Make({-1, 0, 1}, {1, 3, 2}), peak, field), 0);
+    EXPECT_EQ(std::tuple(peak, field), std::tuple(3.0f, 0.0f));
+    EXPECT_EQ(FindCurrentPeak(Make({-1, 0, 1}, {0, -2, -5}), peak, field), 0);
+    EXPECT_EQ(std::tuple(peak, field), std::tuple(-5.0f, 1.0f));
+    EXPECT_EQ(FindCurrentPeak(Make({-1, 0, 1}, {2, -3, 1}), peak, field), 1);
+    EXPECT_EQ(std::tuple(peak, field), std::tuple(3.0f, 0.0f));
+    const TwoCurveSelfField two = TwoCurveParameters(2, 0.5f, -2, -0.3f);
+    EXPECT_NEAR(two.k, 0.2, 1e-7);
+    EXPECT_NEAR(two.fieldShift, 0.1, 1e-7);
+    EXPECT_EQ(TwoCurveParameters(1, 2, 1, 5).k, 0.0);
+
+    HeadlessReset();
+    SetSelectionState(0);
+    gSelfFieldMode = 0;
+    gCurves.Reset();
+    gCurves.SetCurveCount(2);
+    gCurves.GetCurve(0) = Make({0.1f, 0.2f, 0.3f}, {1, 4, 2});
+    gCurves.GetCurve(1) = Make({0, 1}, {1, -1});
+    ASSERT_EQ(CommandDispatch(nullptr, IDM_SELF_FIELD), 1);
+    EXPECT_FLOAT_EQ(gCurves.GetCurve(0).points[1].x, 0.0f); // 0.2 - (0.2 / 4) * 4
+    EXPECT_FLOAT_EQ(gSelfFieldCoefficient, 0.05);
+    ASSERT_FALSE(HeadlessBoxes().empty());
+    EXPECT_EQ(HeadlessBoxes().back().caption + "|" + HeadlessBoxes().back().text,
+              "Warning|The following curves were not processed:\n  1");
+    EXPECT_EQ(gCurves.GetCurve(1).points[1].x, 1.0f);
+}
+
+} // namespace
+
+namespace {
+
+// NaN and infinite values and unsorted x run through every operation without harm: the point
+// counts stay where the operation keeps them, and a NaN stays inside the reach of its window.
+TEST(CurveOperations, NonFiniteAndUnsortedValues) {
+    const float nan = std::nanf(""), inf = INFINITY;
+    Curve c = Make({3, 1, 2, 0, 4}, {1, nan, 2, inf, 5});
+    SmoothCurve(c, 1);
+    EXPECT_EQ(c.count, 5u);
+    EXPECT_TRUE(std::isnan(c.points[2].y));
+    Curve f = Make({3, 1, 2, 0, 4}, {1, nan, 2, inf, 5});
+    FilterSpikes(f, 1);
+    EXPECT_EQ(f.count, 5u);
+    Curve s = Make({3, 1, 2, 0, 4}, {1, nan, 2, inf, 5});
+    SkipExtraPoints(s, 3);
+    EXPECT_GE(s.count, 2u);
+    EXPECT_EQ(s.points[0].x, 3.0f); // the first and the last point always stay
+    EXPECT_EQ(s.points[s.count - 1].x, 4.0f);
 }
 
 } // namespace
