@@ -270,3 +270,25 @@ TEST(CurveOperations, NonFiniteAndUnsortedValues) {
 }
 
 } // namespace
+
+namespace {
+
+// Derivative then integral gives the curve back at the midpoints, less its value at the first:
+// on a parabola exactly, within float arithmetic.
+TEST(CurveOperations, DerivativeThenIntegralReturnsTheCurve) {
+    CurveFamily f;
+    f.SetCurveCount(1);
+    for (int i = 0; i <= 100; ++i)
+        f.GetCurve(0).AddPoint(i * 0.01f, i * 0.01f * i * 0.01f);
+    f.SetUnits("A", "V");
+    ASSERT_EQ(f.DifferentiateX(), 0);
+    f.Integrate();
+    const Curve& c = f.GetCurve(0);
+    ASSERT_EQ(c.count, 100u);
+    const double m0 = c.points[0].x;
+    for (std::uint32_t k = 0; k < c.count; ++k)
+        EXPECT_NEAR(c.points[k].y, c.points[k].x * c.points[k].x - m0 * m0, 2e-5) << k;
+    EXPECT_STREQ(f.yUnits, "V/A*A");
+}
+
+} // namespace
